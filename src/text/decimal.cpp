@@ -1,0 +1,76 @@
+#include "text/decimal.h"
+
+#include <array>
+#include <limits>
+
+namespace multirename {
+
+namespace {
+
+using Limits = std::numeric_limits<std::int64_t>;
+
+bool is_white_space(char16_t unit) noexcept { return unit == u' ' || (unit >= u'\t' && unit <= u'\r'); }
+
+} // namespace
+
+std::size_t end_of_digits(std::u16string_view text, std::size_t position) noexcept
+{
+    while (position < text.size() && is_digit(text[position]))
+        ++position;
+    return position;
+}
+
+std::int64_t read_decimal(std::u16string_view text) noexcept
+{
+    std::size_t position = 0;
+    while (position < text.size() && is_white_space(text[position]))
+        ++position;
+    const bool negative = position < text.size() && text[position] == u'-';
+    if (negative)
+        ++position;
+    // Collected as a negative number, whose range is the larger by one.
+    std::int64_t value = 0;
+    for (; position < text.size() && is_digit(text[position]); ++position)
+        value = saturating_subtract(saturating_multiply(value, 10), text[position] - u'0');
+    return negative ? value : saturating_subtract(0, value);
+}
+
+std::u16string decimal_text(std::int64_t value)
+{
+    const bool negative = value < 0;
+    std::array<char16_t, 20> digits{};
+    std::size_t first = digits.size();
+    do {
+        const auto digit = static_cast<int>(value % 10);
+        digits[--first] = static_cast<char16_t>(u'0' + (negative ? -digit : digit));
+        value /= 10;
+    } while (value != 0);
+    std::u16string text = negative ? u"-" : u"";
+    return text.append(digits.begin() + static_cast<std::ptrdiff_t>(first), digits.end());
+}
+
+std::int64_t saturating_add(std::int64_t a, std::int64_t b) noexcept
+{
+    std::int64_t sum = 0;
+    if (!__builtin_add_overflow(a, b, &sum))
+        return sum;
+    return b > 0 ? Limits::max() : Limits::min();
+}
+
+std::int64_t saturating_subtract(std::int64_t a, std::int64_t b) noexcept
+{
+    std::int64_t difference = 0;
+    if (!__builtin_sub_overflow(a, b, &difference))
+        return difference;
+    return b < 0 ? Limits::max() : Limits::min();
+}
+
+std::int64_t saturating_multiply(std::int64_t a, std::int64_t b) noexcept
+{
+    std::int64_t product = 0;
+    if (!__builtin_mul_overflow(a, b, &product))
+        return product;
+    return (a < 0) == (b < 0) ? Limits::max() : Limits::min();
+}
+
+} // namespace multirename

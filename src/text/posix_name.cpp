@@ -1,0 +1,73 @@
+#include "text/posix_name.h"
+
+#include "text/utf8.h"
+
+namespace multirename {
+
+namespace {
+
+constexpr std::u16string_view mapped_characters = u"\\:*?\"<>|";
+constexpr char16_t mapped_base = 0xF000;
+constexpr char16_t stray_byte_base = 0xDC00;
+
+bool is_mapped(char16_t unit)
+{
+    return unit >= mapped_base &&
+        mapped_characters.find(static_cast<char16_t>(unit - mapped_base)) != std::u16string_view::npos;
+}
+
+} // namespace
+
+std::u16string name_from_bytes(std::string_view bytes)
+{
+    std::u16string name;
+    for (const char16_t unit : from_bytes(bytes)) {
+        if (mapped_characters.find(unit) != std::u16string_view::npos) {
+            name.push_back(static_cast<char16_t>(mapped_base + unit));
+        } else if (is_mapped(unit)) {
+            for (const char byte : to_bytes({&unit, 1}))
+                name.push_back(static_cast<char16_t>(stray_byte_base + static_cast<unsigned char>(byte)));
+        } else {
+            name.push_back(unit);
+        }
+    }
+    return name;
+}
+
+std::string bytes_from_name(std::u16string_view name)
+{
+    std::u16string text(name);
+    for (char16_t& unit : text) {
+        if (is_mapped(unit))
+            unit = static_cast<char16_t>(unit - mapped_base);
+    }
+    return to_bytes(text);
+}
+
+std::u16string path_from_bytes(std::string_view bytes)
+{
+    std::u16string path;
+    while (true) {
+        const std::size_t slash = bytes.find('/');
+        path += name_from_bytes(bytes.substr(0, slash));
+        if (slash == std::string_view::npos)
+            return path;
+        path.push_back(u'\\');
+        bytes.remove_prefix(slash + 1);
+    }
+}
+
+std::string bytes_from_path(std::u16string_view path)
+{
+    std::string bytes;
+    while (true) {
+        const std::size_t backslash = path.find(u'\\');
+        bytes += bytes_from_name(path.substr(0, backslash));
+        if (backslash == std::u16string_view::npos)
+            return bytes;
+        bytes.push_back('/');
+        path.remove_prefix(backslash + 1);
+    }
+}
+
+} // namespace multirename
