@@ -1,0 +1,201 @@
+#include "platform/user_values.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <optional>
+#include <sstream>
+
+#include "platform/testing/user_values_sandbox.h"
+#include "text/utf8.h"
+
+namespace multirename {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+std::string read_all(const fs::path& file)
+{
+    std::ostringstream content;
+    content << std::ifstream(file).rdbuf();
+    return content.str();
+}
+
+std::string quoted(std::u16string_view text)
+{
+    std::string result = "\"";
+    for (const char c : to_bytes(text)) {
+        if (c == '\\' || c == '"')
+            result.push_back('\\');
+        result.push_back(c);
+    }
+    return result + "\"";
+}
+
+std::optional<std::string> environment(const char* name)
+{
+    const char* value = std::getenv(name);
+    return value == nullptr ? std::nullopt : std::optional<std::string>(value);
+}
+
+/// Sets a variable of the environment, or takes it away, and puts it back at the end.
+class ScopedVariable {
+public:
+    ScopedVariable(const char* name, const std::optional<std::string>& value) : name_(name), before_(environment(name))
+    {
+        set(value);
+    }
+    ~ScopedVariable() { set(before_); }
+    ScopedVariable(const ScopedVariable&) = delete;
+    ScopedVariable& operator=(const ScopedVariable&) = delete;
+
+private:
+    void set(const std::optional<std::string>& value) const
+    {
+        if (value)
+            setenv(name_, value->c_str(), 1);
+        else
+            unsetenv(name_);
+    }
+
+    const char* name_;
+    std::optional<std::string> before_;
+};
+
+fs::path make_temporary_folder()
+{
+    std::string name = (fs::temp_directory_path() / "multirename_values_XXXXXX").string();
+    if (mkdtemp(name.data()) == nullptr)
+        throw std::runtime_error("no temporary folder");
+    return name;
+}
+
+} // namespace
+
+struct UserValuesSandbox::Body {
+    fs::path folder = make_temporary_folder();
+    ScopedVariable config{"XDG_CONFIG_HOME", folder.string()};
+
+    ~Body()
+    {
+        std::error_code error;
+        fs::remove_all(folder, error);
+    }
+
+    [[nodiscard]] fs::path file() const { return folder / "multirename" / "settings.json"; }
+};
+
+UserValuesSandbox::UserValuesSandbox() : body_(std::make_unique<Body>()) { }
+UserValuesSandbox::~UserValuesSandbox() = default;
+
+std::u16string UserValuesSandbox::product_name() const { return u"Unit Test"; }
+
+bool UserValuesSandbox::has_key(std::u16string_view key) const
+{
+    return read_all(body_->file()).find(quoted(key)) != std::string::npos;
+}
+
+void UserValuesSandbox::store_text(std::u16string_view key, std::u16string_view value) const
+{
+    fs::create_directories(body_->file().parent_path());
+    std::ofstream(body_->file()) << "{" << quoted(key) << ": {" << quoted(value) << ": \"text\"}}";
+}
+
+namespace {
+
+constexpr std::u16string_view key = u"SOFTWARE\\Velloria Labs\\Unit Test";
+
+class FileUserValues : public testing::Test {
+protected:
+    void TearDown() override
+    {
+        std::error_code error;
+        fs::remove_all(folder_, error);
+    }
+
+    void store(const std::string& content) const
+    {
+        fs::create_directories(file_.parent_path());
+        std::ofstream(file_) << content;
+    }
+
+    fs::path folder_ = make_temporary_folder();
+    fs::path file_ = folder_ / "multirename" / "settings.json";
+    ScopedVariable config_{"XDG_CONFIG_HOME", folder_.string()};
+};
+
+TEST_F(FileUserValues, LieInTheUsersConfigurationFolder)
+{
+    EXPECT_FALSE(fs::exists(file_));
+    EXPECT_TRUE(system_user_values().write(key, u"Number", 5));
+    EXPECT_TRUE(fs::exists(file_));
+}
+
+TEST_F(FileUserValues, LieInTheHomeFolderWhenNoConfigurationFolderIsNamed)
+{
+    const ScopedVariable no_config("XDG_CONFIG_HOME", std::nullopt);
+    const ScopedVariable home("HOME", folder_.string());
+    EXPECT_TRUE(system_user_values().write(key, u"Number", 5));
+    EXPECT_TRUE(fs::exists(folder_ / ".config" / "multirename" / "settings.json"));
+    EXPECT_EQ(system_user_values().read(key, u"Number"), 5U);
+}
+
+TEST_F(FileUserValues, AreRefusedWhereThereIsNoHome)
+{
+    const ScopedVariable no_config("XDG_CONFIG_HOME", std::nullopt);
+    const ScopedVariable no_home("HOME", std::nullopt);
+    EXPECT_FALSE(system_user_values().write(key, u"Number", 5));
+    EXPECT_EQ(system_user_values().read(key, u"Number"), std::nullopt);
+}
+
+TEST_F(FileUserValues, ABrokenFileCountsAsEmptyAndIsMended)
+{
+    for (const char* content : {"", "{", "[]", "17", R"({"SOFTWARE\\Velloria Labs\\Unit Test": 3})", "\xFF\xFE"}) {
+        store(content);
+        EXPECT_EQ(system_user_values().read(key, u"Number"), std::nullopt) << content;
+        EXPECT_TRUE(system_user_values().write(key, u"Number", 5)) << content;
+        EXPECT_EQ(system_user_values().read(key, u"Number"), 5U) << content;
+    }
+}
+
+TEST_F(FileUserValues, NumbersThatAreNo32BitNumbersAreNone)
+{
+    for (const char* number : {"-1", "4294967296", "1.5", "1e3", "true", "null", "[]", "99999999999999999999999"}) {
+        store(R"({"SOFTWARE\\Velloria Labs\\Unit Test": {"Number": )" + std::string(number) + "}}");
+        EXPECT_EQ(system_user_values().read(key, u"Number"), std::nullopt) << number;
+    }
+    store(R"({"SOFTWARE\\Velloria Labs\\Unit Test": {"Number": 4294967295}})");
+    EXPECT_EQ(system_user_values().read(key, u"Number"), 4294967295U);
+}
+
+TEST_F(FileUserValues, AWriteKeepsTheOtherValues)
+{
+    store(R"({"Other key": {"a": 1}, "SOFTWARE\\Velloria Labs\\Unit Test": {"b": 2}})");
+    EXPECT_TRUE(system_user_values().write(key, u"Number", 5));
+    EXPECT_EQ(system_user_values().read(u"Other key", u"a"), 1U);
+    EXPECT_EQ(system_user_values().read(key, u"b"), 2U);
+}
+
+TEST_F(FileUserValues, AFolderThatCannotBeMadeRefusesTheWrite)
+{
+    std::ofstream(folder_ / "multirename") << "a file where the folder should be";
+    EXPECT_FALSE(system_user_values().write(key, u"Number", 5));
+    EXPECT_EQ(system_user_values().read(key, u"Number"), std::nullopt);
+}
+
+TEST_F(FileUserValues, AWriteLeavesNoDraftBehind)
+{
+    EXPECT_TRUE(system_user_values().write(key, u"Number", 5));
+    std::size_t files = 0;
+    for ([[maybe_unused]] const auto& entry : fs::directory_iterator(file_.parent_path()))
+        ++files;
+    EXPECT_EQ(files, 1U);
+}
+
+} // namespace
+} // namespace multirename

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/disk.h"
+
+namespace multirename {
+
+/// A disk in memory, for tests: folders by their path as it is asked for. Remembers every listing that was asked for.
+class FakeDisk final : public Disk {
+public:
+    std::map<std::u16string, std::vector<DirectoryEntry>> folders;
+    std::optional<std::u16string> directory;
+    std::vector<std::u16string> listings;
+
+    /// Adds a folder of plain files.
+    FakeDisk& with(const std::u16string& folder_path, const std::vector<std::u16string>& names)
+    {
+        for (const std::u16string& name : names)
+            add(folder_path, name);
+        folders.try_emplace(folder_path);
+        return *this;
+    }
+
+    /// Adds one file, for its details to be set.
+    DirectoryEntry& add(const std::u16string& folder_path, const std::u16string& name)
+    {
+        DirectoryEntry entry;
+        entry.name = name;
+        return folders[folder_path].emplace_back(std::move(entry));
+    }
+
+    std::vector<DirectoryEntry> list_folder(std::u16string_view folder_path) override
+    {
+        const auto& asked = listings.emplace_back(folder_path);
+        const auto found = folders.find(asked);
+        return found == folders.end() ? std::vector<DirectoryEntry>() : found->second;
+    }
+
+    std::optional<std::u16string> working_directory() override { return directory; }
+};
+
+} // namespace multirename

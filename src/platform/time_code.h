@@ -1,0 +1,11 @@
+#pragma once
+
+#include <ctime>
+#include <string>
+
+namespace multirename {
+
+/// What strftime writes for the one code letter, in the process's locale; `without_zeros` drops leading zeros.
+[[nodiscard]] std::u16string time_code_text(const std::tm& time, char code, bool without_zeros);
+
+} // namespace multirename

@@ -1,0 +1,73 @@
+#include "platform/disk.h"
+
+#include <windows.h>
+
+#include <array>
+
+#include "platform/long_path.h"
+#include "platform/unique_handle.h"
+#include "platform/windows/wide.h"
+
+namespace multirename {
+
+namespace {
+
+struct FindTraits {
+    static HANDLE none() noexcept { return INVALID_HANDLE_VALUE; }
+    static void close(HANDLE handle) noexcept { FindClose(handle); }
+};
+
+std::uint64_t joined(DWORD high, DWORD low) { return std::uint64_t{high} << 32 | low; }
+
+FileTime file_time(const FILETIME& moment) { return joined(moment.dwHighDateTime, moment.dwLowDateTime); }
+
+bool is_link_to_itself_or_parent(const WIN32_FIND_DATAW& found)
+{
+    const std::wstring_view name = found.cFileName;
+    return (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0 && (name == L"." || name == L"..");
+}
+
+class WindowsDisk final : public Disk {
+public:
+    std::vector<DirectoryEntry> list_folder(std::u16string_view folder_path) override
+    {
+        std::vector<DirectoryEntry> entries;
+        WIN32_FIND_DATAW found{};
+        const UniqueHandle<FindTraits> search(
+            FindFirstFileW(to_wide(listing_search_text(folder_path)).c_str(), &found));
+        if (!search)
+            return entries;
+        do {
+            if (is_link_to_itself_or_parent(found))
+                continue;
+            DirectoryEntry entry;
+            entry.name = from_wide(found.cFileName);
+            entry.is_folder = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+            entry.read_only = (found.dwFileAttributes & FILE_ATTRIBUTE_READONLY) != 0;
+            entry.size = joined(found.nFileSizeHigh, found.nFileSizeLow);
+            entry.created = file_time(found.ftCreationTime);
+            entry.last_write = file_time(found.ftLastWriteTime);
+            entries.push_back(std::move(entry));
+        } while (FindNextFileW(search.get(), &found));
+        return entries;
+    }
+
+    std::optional<std::u16string> working_directory() override
+    {
+        std::array<wchar_t, 260> buffer{};
+        const DWORD length = GetCurrentDirectoryW(static_cast<DWORD>(buffer.size()), buffer.data());
+        if (length == 0 || length >= buffer.size())
+            return std::nullopt;
+        return from_wide({buffer.data(), length});
+    }
+};
+
+} // namespace
+
+Disk& system_disk()
+{
+    static WindowsDisk disk;
+    return disk;
+}
+
+} // namespace multirename
