@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "fileset/filename.h"
+#include "platform/disk.h"
+
+namespace multirename {
+
+/// One folder that holds at least one listed entry, with every entry that it has on disk.
+struct RenameFolder {
+    explicit RenameFolder(std::u16string_view folder_path);
+
+    std::u16string key; ///< `path` in upper case
+    std::u16string path; ///< as the first path that named it spelled it, ending in "\"
+    std::shared_ptr<FilenameSet> entries; ///< null until the folder is first listed
+    std::vector<std::shared_ptr<Filename>> rename_order; ///< the entries to rename, in an order that is safe
+    std::uint64_t next_sequence = 0; ///< what the next entry of this folder in the names list is numbered
+
+    /// Lists the folder into a new set that replaces the old one. Entries that were listed by the host stay so; all
+    /// else that the old records held is lost. A folder that cannot be read becomes empty.
+    void load(Disk& disk);
+
+    /// The entry that has this name, compared without regard to case; null when there is none or nothing was listed.
+    [[nodiscard]] std::shared_ptr<Filename> find(std::u16string_view name) const;
+};
+
+} // namespace multirename

@@ -1,0 +1,127 @@
+#include "fileset/rename_folder.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/testing/fake_disk.h"
+
+namespace multirename {
+namespace {
+
+constexpr const char16_t* path = u"C:\\Some Folder\\";
+
+TEST(RenameFolder, KeepsItsPathAsSpelledAndItsKeyInUpperCase)
+{
+    const RenameFolder folder(u"C:\\Some Folder\\");
+    EXPECT_EQ(folder.path, u"C:\\Some Folder\\");
+    EXPECT_EQ(folder.key, u"C:\\SOME FOLDER\\");
+    EXPECT_EQ(folder.entries, nullptr);
+    EXPECT_TRUE(folder.rename_order.empty());
+    EXPECT_EQ(folder.next_sequence, 0U);
+}
+
+TEST(RenameFolder, FindsNothingBeforeItIsListed) { EXPECT_EQ(RenameFolder(path).find(u"x"), nullptr); }
+
+TEST(RenameFolder, EachEntryHoldsWhatTheListingTells)
+{
+    FakeDisk disk;
+    DirectoryEntry& listed = disk.add(path, u"Photo.JPG");
+    listed.is_folder = true;
+    listed.read_only = true;
+    listed.size = 5ULL << 32 | 7;
+    listed.created = 11;
+    listed.last_write = 12;
+    RenameFolder folder(path);
+    folder.load(disk);
+    ASSERT_EQ(folder.entries->size(), 1U);
+    const Filename& entry = **folder.entries->begin();
+    EXPECT_EQ(entry.name, u"Photo.JPG");
+    EXPECT_EQ(entry.key, u"PHOTO.JPG");
+    EXPECT_TRUE(entry.is_folder);
+    EXPECT_TRUE(entry.read_only);
+    EXPECT_EQ(entry.size, 5ULL << 32 | 7);
+    EXPECT_EQ(entry.created, 11U);
+    EXPECT_EQ(entry.other_time, 12U);
+    EXPECT_TRUE(entry.not_listed);
+    EXPECT_FALSE(entry.in_scope);
+    EXPECT_EQ(entry.status, Status::Pending);
+    EXPECT_EQ(entry.new_name, u"");
+    EXPECT_EQ(entry.folder, &folder);
+}
+
+TEST(RenameFolder, AsksTheDiskForItsPath)
+{
+    FakeDisk disk;
+    RenameFolder folder(path);
+    folder.load(disk);
+    EXPECT_EQ(disk.listings, std::vector<std::u16string>{path});
+}
+
+TEST(RenameFolder, AFolderThatCannotBeReadBecomesEmpty)
+{
+    FakeDisk disk;
+    RenameFolder folder(path);
+    folder.load(disk);
+    ASSERT_NE(folder.entries, nullptr);
+    EXPECT_TRUE(folder.entries->empty());
+}
+
+TEST(RenameFolder, FindsANameInAnyCase)
+{
+    FakeDisk disk;
+    disk.with(path, {u"Photo.JPG", u"..x"});
+    RenameFolder folder(path);
+    folder.load(disk);
+    ASSERT_NE(folder.find(u"photo.jpg"), nullptr);
+    EXPECT_EQ(folder.find(u"photo.jpg")->name, u"Photo.JPG");
+    EXPECT_NE(folder.find(u"..X"), nullptr);
+    EXPECT_EQ(folder.find(u"photo"), nullptr);
+    EXPECT_EQ(folder.find(u""), nullptr);
+}
+
+TEST(RenameFolder, OfNamesThatDifferInCaseOnlyTheFirstListedStays)
+{
+    FakeDisk disk;
+    disk.with(path, {u"a.TXT", u"A.txt"});
+    RenameFolder folder(path);
+    folder.load(disk);
+    ASSERT_EQ(folder.entries->size(), 1U);
+    EXPECT_EQ((*folder.entries->begin())->name, u"a.TXT");
+}
+
+TEST(RenameFolder, ListedAgainItKeepsTheMarksOfListedEntriesAndNothingElse)
+{
+    FakeDisk disk;
+    disk.with(path, {u"a", u"b", u"gone"});
+    RenameFolder folder(path);
+    folder.load(disk);
+    const auto old_entry = folder.find(u"a");
+    old_entry->not_listed = false;
+    old_entry->in_scope = true;
+    old_entry->manual_name = true;
+    old_entry->new_name = std::u16string(u"z");
+    old_entry->sequence = 3;
+    old_entry->status = Status::Ready;
+    folder.find(u"gone")->not_listed = false;
+    disk.folders[path] = {};
+    disk.with(path, {u"A", u"b", u"c"});
+
+    folder.load(disk);
+
+    ASSERT_EQ(folder.entries->size(), 3U);
+    const auto entry = folder.find(u"a");
+    EXPECT_NE(entry, old_entry);
+    EXPECT_EQ(entry->name, u"A");
+    EXPECT_FALSE(entry->not_listed);
+    EXPECT_FALSE(entry->in_scope);
+    EXPECT_FALSE(entry->manual_name);
+    EXPECT_EQ(entry->new_name, u"");
+    EXPECT_EQ(entry->sequence, 0U);
+    EXPECT_EQ(entry->status, Status::Pending);
+    EXPECT_EQ(entry->folder, &folder);
+    EXPECT_TRUE(folder.find(u"b")->not_listed);
+    EXPECT_TRUE(folder.find(u"c")->not_listed);
+    EXPECT_EQ(folder.find(u"gone"), nullptr);
+}
+
+} // namespace
+} // namespace multirename
