@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "fileset/file_set.h"
+#include "pattern/name_pattern.h"
+
+namespace multirename {
+
+/// What a number part makes of the digits that it took from an old name: nothing when it is cleared; otherwise the old
+/// number, shifted by as much as lies between base and start number when it is renumbered (never below 0), with leading
+/// zeros by the part's mode. Renumbering without a mode keeps the width of a number that had leading zeros. Digits that
+/// count are never cut off. Numbers saturate at 64 bits.
+[[nodiscard]] std::u16string formatNumberPart(const NamePart& part, std::u16string_view digits);
+
+/// Sets each number part's base number to the smallest number that it takes from the listed entries' old names; a part
+/// that takes none keeps the one it has. True when any changed.
+bool computeBaseNumbers(const FileSet& files, NamePattern& pattern);
+
+} // namespace multirename
