@@ -1,0 +1,60 @@
+#include "rename/rename_all.h"
+
+#include <algorithm>
+
+namespace multirename {
+
+namespace {
+
+std::vector<std::shared_ptr<Filename>> collect(const FileSet& files, RenameProgress& progress)
+{
+    std::vector<std::shared_ptr<Filename>> collected;
+    if (progress.is_cancelled())
+        return collected;
+    for (const auto& folder : folder_order(files)) {
+        for (const auto& entry : folder->rename_order) {
+            if (entry->name != entry->new_name)
+                collected.push_back(entry);
+            if (progress.is_cancelled())
+                return collected;
+        }
+        if (progress.is_cancelled())
+            return collected;
+    }
+    return collected;
+}
+
+} // namespace
+
+std::vector<std::shared_ptr<RenameFolder>> folder_order(const FileSet& files)
+{
+    std::vector<std::shared_ptr<RenameFolder>> order;
+    for (const auto& folder : files.folders) {
+        const auto contains_folder = [&folder](const auto& other) {
+            return other->key.size() < folder->key.size() && folder->key.starts_with(other->key);
+        };
+        order.insert(std::find_if(order.begin(), order.end(), contains_folder), folder);
+    }
+    return order;
+}
+
+void rename_all(OwnerWindow owner, const FileSet& files, RenameProgress& progress)
+{
+    progress.rename(owner, collect(files, progress));
+}
+
+MoveLists move_lists(const std::vector<std::shared_ptr<Filename>>& entries)
+{
+    MoveLists lists;
+    for (const auto& entry : entries) {
+        lists.sources.append(entry->folder->path).append(entry->name).push_back(u'\0');
+        lists.targets.append(entry->folder->path).append(entry->new_name).push_back(u'\0');
+    }
+    if (!entries.empty()) {
+        lists.sources.push_back(u'\0');
+        lists.targets.push_back(u'\0');
+    }
+    return lists;
+}
+
+} // namespace multirename
