@@ -1,0 +1,321 @@
+#include "run/rename_run.h"
+
+#include <algorithm>
+#include <cassert>
+#include <numeric>
+#include <utility>
+
+#include "pattern/new_name.h"
+#include "pattern/number_part.h"
+#include "pattern/pattern_analyser.h"
+#include "platform/name_key.h"
+#include "rename/check_folder.h"
+#include "run/pasted_names.h"
+#include "text/bounded_text.h"
+#include "text/decimal.h"
+
+namespace multirename {
+
+namespace {
+
+constexpr std::size_t numbers_as_text_offset = 2;
+
+StatusImage image_of(Status status)
+{
+    switch (status) {
+    case Status::Pending:
+    case Status::NotMade: return StatusImage::Pending;
+    case Status::Ready: return StatusImage::Ready;
+    case Status::Unchanged: return StatusImage::Unchanged;
+    case Status::SameName: return StatusImage::SameName;
+    case Status::ExistingName: return StatusImage::ExistingName;
+    case Status::Empty: return StatusImage::Empty;
+    case Status::SpaceOrPeriod:
+    case Status::TooLong:
+    case Status::Forbidden: return StatusImage::Invalid;
+    }
+    return StatusImage::Pending;
+}
+
+bool holds_invalid_text(const NamePattern& pattern)
+{
+    return std::ranges::any_of(pattern.parts, [](const NamePart& part) { return part.invalid; });
+}
+
+} // namespace
+
+RenameRun::RenameRun(FileSet& files, RememberedBoxes& remembered, MessageSource texts) :
+    files_(files), remembered_(remembered), texts_(texts), rows_(files.listed)
+{
+    allow_extension_changes_.checked = is_whole_name_mode() || remembered.allow_extension_changes;
+    numbers_as_text_.checked = remembered.numbers_as_text;
+    compute_patterns();
+    mark_scope();
+    number_rows();
+    refresh_names();
+}
+
+std::size_t RenameRun::pattern_index() const noexcept
+{
+    return (numbers_as_text_.checked ? numbers_as_text_offset : 0) + (allow_extension_changes_.checked ? 1 : 0);
+}
+
+void RenameRun::compute_patterns()
+{
+    allow_extension_changes_.enabled = true;
+    numbers_as_text_.enabled = true;
+    for (const bool as_text : {false, true}) {
+        const std::size_t base_only = as_text ? numbers_as_text_offset : 0;
+        const ExtractedPattern extracted = computeNamePattern(files_, !as_text, NameMode::BaseOnly);
+        patterns_[base_only] = parsePattern(extracted.pattern, extracted.extensionText, NameMode::BaseOnly);
+        extension_text_ = extracted.extensionText;
+        if (extension_text_.empty())
+            allow_extension_changes_ = {false, false};
+        if (!as_text && !has_number_marker(extracted.pattern))
+            numbers_as_text_ = {false, false};
+        NamePattern& with_extension = patterns_[base_only + 1];
+        if (is_whole_name_mode()) {
+            const ExtractedPattern whole = computeNamePattern(files_, !as_text, NameMode::WholeName);
+            with_extension = parsePattern(whole.pattern, whole.extensionText, NameMode::WholeName);
+        } else {
+            with_extension = parsePattern(extracted.pattern, extracted.extensionText, NameMode::BaseWithExtensionPart);
+        }
+    }
+    compute_base_numbers();
+}
+
+void RenameRun::compute_base_numbers()
+{
+    // Where numbers are taken as text there are no number parts.
+    for (const std::size_t recognising : {0U, 1U})
+        computeBaseNumbers(files_, patterns_[recognising]);
+}
+
+void RenameRun::mark_scope()
+{
+    const NamePattern& current = pattern();
+    files_.mark_scope(
+        {current.patternText, name_key(current.patternText), is_whole_name_mode() || current.includesExtension});
+}
+
+void RenameRun::number_rows()
+{
+    files_.reset_counters();
+    std::uint32_t position = 0;
+    for (const auto& entry : rows_) {
+        entry->sequence = position++;
+        entry->folder_sequence = static_cast<std::uint32_t>(entry->folder->next_sequence++);
+    }
+}
+
+std::u16string_view RenameRun::part_label(std::size_t part) const
+{
+    const NamePart& shown = pattern().parts[part];
+    switch (shown.kind) {
+    case NamePartKind::Text: return shown.text;
+    case NamePartKind::Number: return u"#";
+    case NamePartKind::Wild: return u"*";
+    }
+    return {};
+}
+
+bool RenameRun::set_part_text(std::size_t part, std::u16string_view text)
+{
+    NamePart& edited = this->part(part);
+    assert(edited.kind == NamePartKind::Text);
+    text = text.substr(0, BoundedText::capacity);
+    if (text == edited.text)
+        return false;
+    edited.setText(text);
+    refresh_names();
+    return true;
+}
+
+void RenameRun::refresh_names()
+{
+    files_.for_each_entry([this](Filename& entry) {
+        entry.status = Status::Ready;
+        if (entry.in_scope && !entry.manual_name)
+            makeNewName(pattern(), entry);
+    });
+    if (holds_invalid_text(pattern()))
+        files_.mark_all_invalid();
+    else
+        check_all(files_);
+}
+
+bool RenameRun::set_allow_extension_changes(bool checked)
+{
+    if (!allow_extension_changes_.enabled || !pattern_controls_enabled_)
+        return false;
+    remembered_.allow_extension_changes = checked;
+    const std::size_t previous = pattern_index();
+    allow_extension_changes_.checked = checked;
+    change_mode(previous);
+    return true;
+}
+
+bool RenameRun::set_numbers_as_text(bool checked)
+{
+    if (!numbers_as_text_.enabled || !pattern_controls_enabled_)
+        return false;
+    remembered_.numbers_as_text = checked;
+    const std::size_t previous = pattern_index();
+    numbers_as_text_.checked = checked;
+    change_mode(previous);
+    return true;
+}
+
+void RenameRun::change_mode(std::size_t previous_index)
+{
+    const std::size_t index = pattern_index();
+    if (index != previous_index)
+        carryPartSettings(patterns_[index], patterns_[previous_index]);
+    refresh_names();
+}
+
+void RenameRun::reset()
+{
+    const std::size_t previous = pattern_index();
+    compute_patterns();
+    files_.for_each_entry([](Filename& entry) { entry.manual_name = false; });
+    pattern_controls_enabled_ = true;
+    change_mode(previous);
+}
+
+RowView RenameRun::row(std::size_t row) const
+{
+    const Filename& entry = *rows_[row];
+    return {entry.name, entry.new_name, entry.folder->path, image_of(entry.status), entry.manual_name};
+}
+
+std::optional<Message> RenameRun::remove_rows(std::span<const std::size_t> rows)
+{
+    std::vector<Filename*> removed;
+    for (const std::size_t row : rows)
+        removed.push_back(rows_[row].get());
+    std::ranges::sort(removed);
+    const auto is_removed = [&removed](const auto& entry) { return std::ranges::binary_search(removed, entry.get()); };
+    if (std::ranges::all_of(rows_, is_removed))
+        return message(MessageId::CannotRemoveAll);
+    std::erase_if(rows_, is_removed);
+    for (Filename* entry : removed) {
+        entry->not_listed = true;
+        entry->in_scope = false;
+        entry->manual_name = false;
+        entry->new_name.clear();
+    }
+    compute_base_numbers();
+    number_rows();
+    refresh_names();
+    return std::nullopt;
+}
+
+void RenameRun::reset_names(std::span<const std::size_t> rows)
+{
+    for (const std::size_t row : rows)
+        rows_[row]->manual_name = false;
+    refresh_names();
+}
+
+std::vector<std::size_t> RenameRun::all_rows() const
+{
+    std::vector<std::size_t> rows(rows_.size());
+    std::iota(rows.begin(), rows.end(), std::size_t{0});
+    return rows;
+}
+
+std::u16string RenameRun::copied_names() const { return copied_names(all_rows()); }
+
+std::u16string RenameRun::copied_names(std::span<const std::size_t> rows) const
+{
+    std::u16string text;
+    for (const std::size_t row : rows)
+        text.append(rows_[row]->new_name).push_back(u'\n');
+    return text;
+}
+
+Message RenameRun::copied_message() const { return message(MessageId::NamesCopied, MessageIcon::Information); }
+
+std::optional<Message> RenameRun::paste_names(std::u16string_view text)
+{
+    auto problem = paste_lines(text, all_rows());
+    if (!problem)
+        pattern_controls_enabled_ = false;
+    return problem;
+}
+
+std::optional<Message> RenameRun::paste_names(std::u16string_view text, std::span<const std::size_t> rows)
+{
+    auto problem = paste_lines(text, rows);
+    if (!problem && std::ranges::all_of(rows_, [](const auto& entry) { return entry->manual_name; }))
+        pattern_controls_enabled_ = false;
+    return problem;
+}
+
+std::optional<Message> RenameRun::paste_lines(std::u16string_view text, std::span<const std::size_t> rows)
+{
+    constexpr std::size_t longest_first_line = 255;
+    if (holds_forbidden_character(text))
+        return message(MessageId::PasteForbidden);
+    const std::vector<std::u16string_view> lines = pasted_lines(text);
+    if (!lines.empty() && lines.front().size() > longest_first_line)
+        return message(MessageId::PasteTooLong);
+    if (lines.size() != rows.size()) {
+        Message problem = message(MessageId::PasteCount);
+        problem.text = with_inserts(problem.text, {std::ssize(rows), std::ssize(lines)});
+        return problem;
+    }
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        if (lines[i].empty())
+            continue;
+        Filename& entry = *rows_[rows[i]];
+        entry.new_name = pasted_name(lines[i], entry.name, allow_extension_changes_.checked);
+        entry.manual_name = true;
+    }
+    refresh_names();
+    return std::nullopt;
+}
+
+Message RenameRun::message(MessageId id, MessageIcon icon) const { return {texts_(id), icon}; }
+
+std::u16string RenameRun::problem_text(const ProblemCounts& counts) const
+{
+    struct Line {
+        std::uint32_t count;
+        MessageId one;
+        MessageId many;
+        std::optional<MessageId> explanation;
+    };
+    const Line lines[] = {
+        {counts.same_name, MessageId::SameNameOne, MessageId::SameNameMany, {}},
+        {counts.existing_name, MessageId::ExistingNameOne, MessageId::ExistingNameMany, {}},
+        {counts.empty, MessageId::EmptyNameOne, MessageId::EmptyNameMany, {}},
+        {counts.space_or_period, MessageId::SpaceOrPeriodOne, MessageId::SpaceOrPeriodMany,
+         MessageId::SpacesAndPeriods},
+        {counts.too_long, MessageId::TooLongOne, MessageId::TooLongMany, {}},
+        {counts.forbidden, MessageId::ForbiddenOne, MessageId::ForbiddenMany, MessageId::ForbiddenCharacters},
+    };
+    std::u16string text = texts_(MessageId::UnableToRename);
+    for (const Line& line : lines) {
+        if (line.count == 0)
+            continue;
+        text.append(u"\r\n").append(decimal_text(line.count));
+        text.append(u" ").append(texts_(line.count == 1 ? line.one : line.many));
+        if (line.explanation)
+            text.append(u" ").append(texts_(*line.explanation));
+    }
+    return text;
+}
+
+Verdict RenameRun::judge()
+{
+    files_.summarise();
+    if (files_.summary_status != Status::Ready)
+        return {Verdict::Kind::Refuse, {problem_text(files_.count_problems()), MessageIcon::Exclamation}};
+    if (!files_.any_change)
+        return {Verdict::Kind::NothingToDo, message(MessageId::NoChanges, MessageIcon::Information)};
+    return {};
+}
+
+} // namespace multirename
