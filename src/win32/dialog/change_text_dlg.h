@@ -1,0 +1,77 @@
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "run/rename_run.h"
+#include "settings/change_number_settings.h"
+#include "win32/controls/names_list_ctrl.h"
+#include "win32/dialog/pattern_controls.h"
+#include "win32/dialog/screen_dpi.h"
+#include "win32/framework/cdialog.h"
+#include "win32/framework/controls.h"
+#include "win32/framework/handles.h"
+#include "win32/framework/message_map.h"
+
+namespace multirename {
+
+/// The dialog "Multi Rename": the window of one rename run.
+class ChangeTextDlg final : public CDialog, private ScreenDpi::ScreenDpiWatcher {
+public:
+    /// Analyses the listed names. `parent` and `files` must outlive the dialog; the records of `files` are changed.
+    ChangeTextDlg(std::u16string_view product_name, const CWnd& parent, FileSet& files, bool host_flag,
+                  std::u16string_view host_text);
+
+private:
+    void DoDataExchange(const DataExchange& exchange) override;
+    bool OnInitDialog() override;
+    void OnOK() override;
+    void PreTranslateMessage(const MSG& message) override;
+    std::optional<LRESULT> on_message(UINT message, WPARAM w, LPARAM l) override;
+    void dpi_changed(int old_dpi, int new_dpi) override;
+
+    static std::span<const Route<ChangeTextDlg>> routes();
+    void resized(Resized);
+    void part_focused(EditFocused event);
+    void part_edited(EditChanged event);
+    void part_clicked(Clicked event);
+    void extension_box_clicked(Clicked);
+    void numbers_box_clicked(Clicked);
+    void reset(Clicked);
+    void copy_names(Clicked);
+    void paste_names(Clicked);
+    void list_item_wanted(ListItemWanted event);
+    LRESULT list_drawn(ListCustomDraw event);
+
+    void make_fonts();
+    void set_icon();
+    void build_row();
+    void show_boxes() const;
+    void show_everything();
+    void refresh_names();
+    void show(const Message& message) const;
+
+    std::u16string product_name_;
+    bool host_flag_;
+    std::u16string host_text_;
+    ScreenDpi dpi_;
+    std::optional<RenameRun> run_; // always there once constructed
+    std::shared_ptr<ChangeNumberDlgSettings> number_settings_;
+
+    UniqueIcon icon_;
+    UniqueImageList state_images_;
+    UniqueFont bold_font_;
+    UniqueFont part_font_;
+    CNamesListCtrl names_list_;
+    CButton extension_box_;
+    CButton numbers_box_;
+    CToolTipCtrl tooltips_;
+    PatternControls row_;
+    bool edit_notifications_live_ = false;
+};
+
+} // namespace multirename

@@ -1,0 +1,122 @@
+// The module as a file: what it gives to its host and what it takes from the system.
+
+#include <gmock/gmock.h>
+
+#include <windows.h>
+
+#include <algorithm>
+#include <cctype>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "support/module.h"
+
+namespace {
+
+template <class Record>
+const Record* at(HMODULE module, DWORD offset)
+{
+    return reinterpret_cast<const Record*>(reinterpret_cast<const char*>(module) + offset);
+}
+
+DWORD directory(HMODULE module, int index)
+{
+    const auto* const headers =
+        at<IMAGE_NT_HEADERS64>(module, static_cast<DWORD>(at<IMAGE_DOS_HEADER>(module, 0)->e_lfanew));
+    return headers->OptionalHeader.DataDirectory[index].VirtualAddress;
+}
+
+std::vector<std::string> exported_names(HMODULE module)
+{
+    const auto* const exports = at<IMAGE_EXPORT_DIRECTORY>(module, directory(module, IMAGE_DIRECTORY_ENTRY_EXPORT));
+    EXPECT_EQ(exports->NumberOfFunctions, exports->NumberOfNames) << "a nameless export";
+    std::vector<std::string> names;
+    for (const DWORD name : std::span(at<DWORD>(module, exports->AddressOfNames), exports->NumberOfNames))
+        names.emplace_back(at<char>(module, name));
+    return names;
+}
+
+std::vector<std::string> imported_libraries(HMODULE module)
+{
+    std::vector<std::string> names;
+    const auto* import = at<IMAGE_IMPORT_DESCRIPTOR>(module, directory(module, IMAGE_DIRECTORY_ENTRY_IMPORT));
+    for (; import->Name != 0; ++import) {
+        std::string name = at<char>(module, import->Name);
+        std::ranges::transform(name, name.begin(), [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+        names.push_back(std::move(name));
+    }
+    return names;
+}
+
+bool has_resource(HMODULE module, int id, LPCWSTR type)
+{
+    return FindResourceW(module, MAKEINTRESOURCEW(id), type) != nullptr;
+}
+
+} // namespace
+
+TEST(ModuleFile, ExportsOneFunctionByItsPlainName)
+{
+    const Module module;
+    EXPECT_THAT(exported_names(module.handle()), testing::ElementsAre("run_multirename"));
+}
+
+TEST(ModuleFile, NeedsOnlyLibrariesThatWindowsShips)
+{
+    const Module module;
+    const std::vector<std::string> shipped = {"advapi32.dll", "comctl32.dll", "gdi32.dll", "kernel32.dll",
+                                              "msvcrt.dll",   "ntdll.dll",    "ole32.dll", "shell32.dll",
+                                              "user32.dll",   "uxtheme.dll"};
+    EXPECT_THAT(imported_libraries(module.handle()), testing::Each(testing::AnyOfArray(shipped)));
+}
+
+TEST(ModuleFile, TellsItsVersion)
+{
+    const Module module;
+    const HRSRC found = FindResourceW(module.handle(), MAKEINTRESOURCEW(VS_VERSION_INFO), MAKEINTRESOURCEW(16));
+    ASSERT_NE(found, nullptr);
+    const void* const block = LockResource(LoadResource(module.handle(), found));
+    // Six units of header and the key "VS_VERSION_INFO" with its zero, on to the next multiple of 4 bytes.
+    constexpr std::size_t fixed_part_offset = 40;
+    const auto* const fixed =
+        reinterpret_cast<const VS_FIXEDFILEINFO*>(static_cast<const char*>(block) + fixed_part_offset);
+    EXPECT_EQ(fixed->dwSignature, 0xFEEF04BDU);
+    EXPECT_EQ(fixed->dwFileType, static_cast<DWORD>(VFT_DLL));
+    EXPECT_EQ(fixed->dwFileVersionMS, static_cast<DWORD>(MODULE_VERSION_MAJOR << 16 | MODULE_VERSION_MINOR));
+}
+
+TEST(ModuleFile, HoldsItsManifestWhereLibrariesKeepIt)
+{
+    const Module module;
+    EXPECT_TRUE(has_resource(module.handle(), 2, RT_MANIFEST));
+    EXPECT_FALSE(has_resource(module.handle(), 1, RT_MANIFEST));
+}
+
+TEST(ModuleFile, HoldsItsDialogIconAndPictures)
+{
+    const Module module;
+    EXPECT_TRUE(has_resource(module.handle(), 150, RT_DIALOG));
+    EXPECT_TRUE(has_resource(module.handle(), 250, RT_GROUP_ICON));
+    for (int picture = 351; picture <= 357; ++picture)
+        EXPECT_TRUE(has_resource(module.handle(), picture, RT_BITMAP)) << picture;
+}
+
+TEST(ModuleFile, HoldsEveryTextAsTheProgramHasIt)
+{
+    const Module module;
+    struct Text {
+        UINT number;
+        std::u16string_view text;
+    };
+    const Text texts[] = {
+#define MESSAGE(number, name, text) {number, u##text},
+#include "run/messages.def"
+#undef MESSAGE
+    };
+    for (const Text& expected : texts) {
+        std::wstring text(1024, L'\0');
+        const int length = LoadStringW(module.handle(), expected.number, text.data(), static_cast<int>(text.size()));
+        EXPECT_EQ(std::u16string(text.begin(), text.begin() + length), expected.text) << expected.number;
+    }
+}

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+/// While it lives, this program has an empty user's registry; what the user has stored is neither seen nor touched.
+class EmptyUserStore {
+public:
+    EmptyUserStore();
+    EmptyUserStore(const EmptyUserStore&) = delete;
+    EmptyUserStore& operator=(const EmptyUserStore&) = delete;
+    ~EmptyUserStore();
+
+    /// A number of the module's, or nothing.
+    [[nodiscard]] static std::optional<std::uint32_t> stored(std::u16string_view name);
+
+private:
+    HKEY key_ = nullptr;
+};
