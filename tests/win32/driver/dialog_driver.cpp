@@ -122,6 +122,17 @@ bool wait_until_active(HWND control)
     return wait_until([dialog] { return is_active(dialog); });
 }
 
+bool wait_until_painted(HWND window)
+{
+    const auto is_painted = [](HWND part) { return GetUpdateRect(part, nullptr, FALSE) == FALSE; };
+    return wait_until([&] {
+        HWND child = GetWindow(window, GW_CHILD);
+        while (child != nullptr && is_painted(child))
+            child = GetWindow(child, GW_HWNDNEXT);
+        return child == nullptr && is_painted(window);
+    });
+}
+
 bool press(HWND button)
 {
     if (button == nullptr || IsWindowEnabled(button) == FALSE)

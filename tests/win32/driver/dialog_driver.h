@@ -47,6 +47,9 @@ bool type_into(HWND edit, std::u16string_view text);
 /// Types in front of the text of an edit. True when the edit has come to hold both.
 bool type_in_front(HWND edit, std::u16string_view text);
 
+/// Waits until nothing of the window and its controls is left to be painted. True when that came about.
+bool wait_until_painted(HWND window);
+
 /// Waits until the control's dialog is the active one of its thread; before, a click would be lost.
 bool wait_until_active(HWND control);
 

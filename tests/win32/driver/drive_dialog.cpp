@@ -4,6 +4,7 @@
 //     type PART TEXT     replaces the text of the PART-th edit of the pattern row, counted from 0, by typing
 //     press ID           presses the button with this number
 //     answer             closes the message box that the dialog shows
+//     wait-painted       until all of the dialog has been painted
 //     wait-closed        until the dialog is gone
 // Ends with 0 when all of it happened, with 1 at the first that did not, with 2 when it does not understand.
 
@@ -71,6 +72,8 @@ ExitStatus drive(std::span<const std::u16string> words)
             happened = driver::wait_until([] { return dialog() != nullptr; });
         } else if (words[0] == u"wait-closed") {
             happened = driver::wait_until([] { return dialog() == nullptr; });
+        } else if (words[0] == u"wait-painted") {
+            happened = driver::wait_until_painted(dialog());
         } else if (words[0] == u"answer") {
             happened = answer_message();
         } else if (words[0] == u"type" && words.size() >= 3) {

@@ -1,0 +1,95 @@
+# What the scripts share; sourced, not run. Needs bash, and apt-get on Debian 12.
+set -euo pipefail
+
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+build=$root/build
+
+say() { printf '\n== %s\n' "$*"; }
+fail() { printf '%s\n' "$*" >&2; exit 1; }
+
+# Installs those of the given Debian packages that are missing, and asks nothing.
+ensure_packages() {
+    local missing=()
+    local package
+    for package in "$@"; do
+        [ "$(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null)" = installed ] || missing+=("$package")
+    done
+    [ ${#missing[@]} -gt 0 ] || return 0
+    local as_root=()
+    [ "$(id -u)" = 0 ] || as_root=(sudo)
+    say "Installing ${missing[*]}"
+    "${as_root[@]}" apt-get update -qq
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" \
+        > "${TMPDIR:-/tmp}/multirename-install.log" 2>&1 ||
+        fail "Installing failed; see ${TMPDIR:-/tmp}/multirename-install.log"
+}
+
+native_packages=(cmake ninja-build g++ googletest nlohmann-json3-dev)
+windows_packages=(cmake ninja-build g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64 googletest
+    wine wine64 fonts-wine xvfb xauth)
+
+# Configures and builds a preset, or only the given targets of it.
+build_preset() {
+    local preset=$1
+    shift
+    say "Building $preset"
+    (
+        cd "$root"
+        cmake --preset "$preset" > /dev/null
+        cmake --build --preset "$preset" ${1:+--target "$@"}
+    )
+}
+
+# Sets the environment in which Wine works in a prefix of its own, made when it is new. $1 is the prefix.
+use_wine() {
+    export WINEPREFIX=$1 WINEARCH=win64 WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES="mscoree,mshtml="
+    [ -e "$WINEPREFIX/ready" ] && return 0
+    mkdir -p "$(dirname "$WINEPREFIX")"
+    rm -rf "$WINEPREFIX"
+    # The marks on window buttons are glyphs of a font that Wine looks for here.
+    mkdir -p "$WINEPREFIX/drive_c/windows/Fonts"
+    cp /usr/share/wine/fonts/marlett.ttf "$WINEPREFIX/drive_c/windows/Fonts/"
+    wineboot -i > /dev/null 2>&1
+    # A program that crashes in a test has failed; nobody is there to answer a dialog about it.
+    wine reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f > /dev/null 2>&1
+    wine reg add 'HKLM\Software\Microsoft\Windows NT\CurrentVersion\AeDebug' /v Debugger /d false /f > /dev/null 2>&1
+    wineserver -w
+    touch "$WINEPREFIX/ready"
+}
+
+# On a display without a window manager, windows that wait for one would stand still.
+use_wine_without_window_manager() {
+    use_wine "$1"
+    [ -e "$WINEPREFIX/unmanaged" ] && return 0
+    wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f > /dev/null 2>&1
+    wineserver -w
+    touch "$WINEPREFIX/unmanaged"
+}
+
+stop_wine() {
+    wineserver -k > /dev/null 2>&1 || true
+    wineserver -w > /dev/null 2>&1 || true
+}
+
+# Starts a virtual display of our own and names it in DISPLAY; its process is in display_process.
+start_display() {
+    local number_file
+    number_file=$(mktemp)
+    Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3> "$number_file" > /dev/null 2>&1 &
+    display_process=$!
+    local tries
+    for tries in $(seq 100); do
+        [ -s "$number_file" ] && break
+        kill -0 "$display_process" 2> /dev/null || fail "The virtual display did not start."
+        sleep 0.1
+    done
+    export DISPLAY=":$(cat "$number_file")"
+    rm -f "$number_file"
+}
+
+stop_display() {
+    [ -n "${display_process:-}" ] || return 0
+    kill "$display_process" 2> /dev/null || true
+    wait "$display_process" 2> /dev/null || true
+    display_process=
+}
