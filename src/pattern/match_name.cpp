@@ -87,12 +87,13 @@ private:
     {
         OpenWild& wild = open_wilds_.back();
         captures_.resize(wild.part);
-        do {
-            remember_failed(wild.part, wild.end);
-            if (parts_[wild.part].fixedLength || wild.end == text_.size())
-                return false;
-            ++wild.end;
-        } while (has_failed(wild.part, wild.end));
+        remember_failed(wild.part, wild.end);
+        if (parts_[wild.part].fixedLength || wild.end == text_.size())
+            return false;
+        ++wild.end;
+        // Whoever found that the rest fails from here has gone on to the end of the text.
+        if (has_failed(wild.part, wild.end))
+            return false;
         captures_.push_back({&parts_[wild.part], text_.substr(wild.start, wild.end - wild.start)});
         part_ = wild.part + 1;
         place_ = wild.end;
