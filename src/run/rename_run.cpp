@@ -119,6 +119,21 @@ std::u16string_view RenameRun::part_label(std::size_t part) const
     return {};
 }
 
+std::u16string RenameRun::part_description(std::size_t part) const
+{
+    const auto& parts = pattern().parts;
+    const NamePartKind kind = parts[part].kind;
+    const auto upto = std::span(parts).first(part + 1);
+    const auto place = std::ranges::count(upto, kind, &NamePart::kind);
+    std::u16string_view noun;
+    switch (kind) {
+    case NamePartKind::Text: noun = u"Text part "; break;
+    case NamePartKind::Number: noun = u"Number part "; break;
+    case NamePartKind::Wild: noun = u"Wild part "; break;
+    }
+    return std::u16string(noun).append(decimal_text(place));
+}
+
 bool RenameRun::set_part_text(std::size_t part, std::u16string_view text)
 {
     NamePart& edited = this->part(part);
@@ -205,6 +220,8 @@ std::optional<Message> RenameRun::remove_rows(std::span<const std::size_t> rows)
         entry->manual_name = false;
         entry->new_name.clear();
     }
+    if (all_names_are_pasted())
+        pattern_controls_enabled_ = false;
     compute_base_numbers();
     number_rows();
     refresh_names();
@@ -213,9 +230,16 @@ std::optional<Message> RenameRun::remove_rows(std::span<const std::size_t> rows)
 
 void RenameRun::reset_names(std::span<const std::size_t> rows)
 {
-    for (const std::size_t row : rows)
-        rows_[row]->manual_name = false;
+    for (const std::size_t row : rows) {
+        if (std::exchange(rows_[row]->manual_name, false))
+            pattern_controls_enabled_ = true;
+    }
     refresh_names();
+}
+
+bool RenameRun::all_names_are_pasted() const
+{
+    return std::ranges::all_of(rows_, [](const auto& entry) { return entry->manual_name; });
 }
 
 std::vector<std::size_t> RenameRun::all_rows() const
@@ -248,7 +272,7 @@ std::optional<Message> RenameRun::paste_names(std::u16string_view text)
 std::optional<Message> RenameRun::paste_names(std::u16string_view text, std::span<const std::size_t> rows)
 {
     auto problem = paste_lines(text, rows);
-    if (!problem && std::ranges::all_of(rows_, [](const auto& entry) { return entry->manual_name; }))
+    if (!problem && all_names_are_pasted())
         pattern_controls_enabled_ = false;
     return problem;
 }

@@ -88,6 +88,9 @@ public:
     /// What the part's control shows: the text of a text part, "*" for a wild part, "#" for a number part.
     [[nodiscard]] std::u16string_view part_label(std::size_t part) const;
 
+    /// What the part is to someone who cannot see the row: its kind, and its place among the parts of that kind.
+    [[nodiscard]] std::u16string part_description(std::size_t part) const;
+
     /// Sets what a text part puts into new names, of which 260 characters count. False, and nothing is done, when it
     /// has that text already.
     bool set_part_text(std::size_t part, std::u16string_view text);
@@ -119,7 +122,8 @@ public:
     /// the message says so.
     std::optional<Message> remove_rows(std::span<const std::size_t> rows);
 
-    /// Has the pattern make the names of these rows again, pasted ones too.
+    /// Has the pattern make the names of these rows again, pasted ones too. When it gets a name back, its controls are
+    /// enabled.
     void reset_names(std::span<const std::size_t> rows);
 
     /// The new names of all rows, or of the given ones, each followed by a line feed.
@@ -152,6 +156,7 @@ private:
     void change_mode(std::size_t previous_index);
     [[nodiscard]] std::optional<Message> paste_lines(std::u16string_view text, std::span<const std::size_t> rows);
     [[nodiscard]] std::vector<std::size_t> all_rows() const;
+    [[nodiscard]] bool all_names_are_pasted() const;
     [[nodiscard]] Message message(MessageId id, MessageIcon icon = MessageIcon::Exclamation) const;
     [[nodiscard]] std::u16string problem_text(const ProblemCounts& counts) const;
 

@@ -61,6 +61,16 @@ INSTANTIATE_TEST_SUITE_P(All, RunMode,
                                          ModeRow{"TextsWithExtension", true, true, u"IMG_00*0*.jpg"}),
                          [](const auto& row) { return std::string(row.param.sentence); });
 
+TEST(RunParts, AreDescribedByTheirKindAndPlace)
+{
+    const TestRun test({u"a 1 six.txt", u"a 2 ten.txt"});
+    ASSERT_EQ(test.run.pattern().patternText, u"a # *");
+    Names descriptions;
+    for (std::size_t part = 0; part < test.run.pattern().parts.size(); ++part)
+        descriptions.push_back(test.run.part_description(part));
+    EXPECT_EQ(descriptions, (Names{u"Text part 1", u"Number part 1", u"Text part 2", u"Wild part 1", u"Text part 3"}));
+}
+
 TEST(RunBoxes, StartEnabledAndUnchecked)
 {
     const TestRun test(photos);
@@ -619,6 +629,16 @@ TEST(RunRemoval, ThePatternIsNotComputedAgain)
 
 // Reset
 
+TEST(RunRemoval, OfTheLastRowThatThePatternGovernsDisablesTheControls)
+{
+    TestRun test(photos);
+    test.run.paste_names(u"x\ny", Rows{0, 1});
+    test.run.remove_rows(Rows{0});
+    EXPECT_TRUE(test.run.pattern_controls_enabled());
+    test.run.remove_rows(Rows{1});
+    EXPECT_FALSE(test.run.pattern_controls_enabled());
+}
+
 TEST(RunReset, ForgetsTheEdits)
 {
     TestRun test(photos);
@@ -903,6 +923,28 @@ TEST(RunResetNames, WithoutPastedNamesNothingChanges)
     EXPECT_EQ(test.new_names(), before);
     test.run.reset_names(Rows{});
     EXPECT_EQ(test.new_names(), before);
+}
+
+TEST(RunResetNames, OneNameGivenBackEnablesTheControls)
+{
+    TestRun test(photos);
+    test.run.paste_names(u"x\ny\nz");
+    test.run.reset_names(Rows{});
+    EXPECT_FALSE(test.run.pattern_controls_enabled());
+    test.run.reset_names(Rows{1});
+    EXPECT_TRUE(test.run.pattern_controls_enabled());
+    test.run.paste_names(u"y", Rows{1});
+    EXPECT_FALSE(test.run.pattern_controls_enabled());
+}
+
+TEST(RunResetNames, ANameThatWasNotPastedEnablesNothing)
+{
+    TestRun test(photos);
+    test.run.paste_names(u"x\ny\n ");
+    test.run.reset_names(Rows{2});
+    EXPECT_FALSE(test.run.pattern_controls_enabled());
+    test.run.reset_names(Rows{0});
+    EXPECT_TRUE(test.run.pattern_controls_enabled());
 }
 
 // The verdict
