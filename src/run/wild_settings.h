@@ -27,8 +27,9 @@ public:
     [[nodiscard]] bool clear_text_enabled() const noexcept;
 
     void select_style(std::optional<CaseStyle> style) noexcept { style_ = style; }
-    void click_truncate(bool checked) noexcept;
+    void set_truncates(bool truncates) noexcept { truncates_ = truncates; }
     void set_length_text(std::u16string_view text) { length_text_ = text; }
+    void click_truncate(bool checked) noexcept;
     void reset() noexcept;
     void clear_text();
 

@@ -1,7 +1,12 @@
 #include "win32/controls/names_list_ctrl.h"
 
+#include <algorithm>
+
 #include "platform/windows/wide.h"
 #include "run/dpi.h"
+#include "run/names_menu.h"
+#include "win32/framework/menu.h"
+#include "win32/res/resource.h"
 
 namespace multirename {
 
@@ -11,6 +16,8 @@ enum Column : int { OldName, NewName, Folder };
 
 constexpr int old_name_allowance = 20;
 constexpr int new_name_allowance = 40;
+constexpr int smallest_last_column = 80;
+constexpr LONG keyboard_menu_offset = 5; // pixels from the list's corner, at every resolution
 
 /// Whether the control's row is one of the run's: another program could have added rows of its own.
 bool is_row(const RenameRun& run, LPARAM row_data, std::size_t row) { return row_data != 0 && row < run.row_count(); }
@@ -40,13 +47,36 @@ void CNamesListCtrl::fill(const RenameRun& run)
     set_redraw(true);
 }
 
-void CNamesListCtrl::size_columns(bool with_folders, int dpi) const noexcept
+void CNamesListCtrl::remove_missing_rows(const RenameRun& run)
 {
+    set_redraw(false);
+    std::size_t kept = run.row_count();
+    for (int row = row_count() - 1; row >= 0; --row) {
+        if (kept > 0 && row_data(row) == reinterpret_cast<LPARAM>(&run.row_entry(kept - 1)))
+            --kept;
+        else
+            delete_row(row);
+    }
+    set_redraw(true);
+}
+
+void CNamesListCtrl::size_columns(int dpi) const noexcept
+{
+    const int last = column_count() - 1;
     fit_column(OldName);
     set_column_width(OldName, column_width(OldName) + scaled(old_name_allowance, dpi));
-    if (with_folders)
+    if (last == Folder)
         set_column_width(NewName, column_width(OldName) + scaled(new_name_allowance, dpi));
-    fill_with_column(with_folders ? Folder : NewName);
+    fill_with_column(last);
+}
+
+void CNamesListCtrl::fill_width(int dpi) const noexcept
+{
+    const int last = column_count() - 1;
+    int room = static_cast<int>(client_size().cx);
+    for (int column = 0; column < last; ++column)
+        room -= column_width(column);
+    set_column_width(last, std::max(room, scaled(smallest_last_column, dpi)));
 }
 
 void CNamesListCtrl::answer(const RenameRun& run, LVITEMW& item)
@@ -76,6 +106,58 @@ LRESULT CNamesListCtrl::draw(const RenameRun& run, const NMLVCUSTOMDRAW& stage, 
         return CDRF_NEWFONT;
     default: return CDRF_DODEFAULT;
     }
+}
+
+std::optional<LRESULT> CNamesListCtrl::on_message(UINT message, WPARAM w, LPARAM l)
+{
+    using Me = CNamesListCtrl;
+    static constexpr Route<Me> map[] = {
+        on<&Me::menu_wanted>(),
+        on<&Me::copy_names>(ID_COPY_NAMES),
+        on<&Me::paste_names>(ID_PASTE_NAMES),
+        on<&Me::reset_names>(ID_RESET_NAMES),
+        on<&Me::remove_files>(ID_REMOVE_FILES),
+        on<&Me::select_every_row>(ID_SELECT_ALL),
+        on<&Me::invert_selection>(ID_INVERT_SELECTION),
+    };
+    return dispatch(map, *this, message, w, l);
+}
+
+void CNamesListCtrl::menu_wanted(MenuWanted event)
+{
+    if (event.is_from_keyboard()) {
+        POINT corner = {};
+        ClientToScreen(handle(), &corner);
+        event.at = {corner.x + keyboard_menu_offset, corner.y + keyboard_menu_offset};
+    }
+    const CMenu menu(IDR_NAMES_MENU);
+    if (!menu)
+        return;
+    const auto selected = static_cast<std::size_t>(selected_count());
+    for (int item = 0; item < menu.size(); ++item) {
+        if (menu.command(item) != 0)
+            menu.set_text(item, names_menu_text(menu.text(item), selected));
+    }
+    // The list owns the menu even when its header was clicked: the commands are the list's.
+    menu.show(TPM_RIGHTBUTTON, event.at, handle());
+}
+
+void CNamesListCtrl::copy_names(Chosen) { owner_.copy_names(selected_rows()); }
+
+void CNamesListCtrl::paste_names(Chosen) { owner_.paste_names(selected_rows()); }
+
+void CNamesListCtrl::reset_names(Chosen) { owner_.reset_names(selected_rows()); }
+
+void CNamesListCtrl::remove_files(Chosen) { owner_.remove_files(selected_rows()); }
+
+void CNamesListCtrl::select_every_row(Chosen) { select_all(); }
+
+void CNamesListCtrl::invert_selection(Chosen)
+{
+    set_redraw(false);
+    for (int row = 0; row < row_count(); ++row)
+        select(row, !is_selected(row));
+    set_redraw(true);
 }
 
 } // namespace multirename

@@ -4,10 +4,14 @@
 
 #include <commctrl.h>
 
+#include <optional>
+#include <span>
 #include <string>
+#include <vector>
 
 #include "run/rename_run.h"
 #include "win32/framework/controls.h"
+#include "win32/framework/message_map.h"
 
 namespace multirename {
 
@@ -15,13 +19,33 @@ namespace multirename {
 /// row is shown, so after a change nothing is needed but a repaint.
 class CNamesListCtrl : public CListCtrl {
 public:
-    using CListCtrl::CListCtrl;
+    /// Who carries out the commands of the list's menu that concern names.
+    class Owner {
+    public:
+        using Rows = std::vector<std::size_t>; ///< the selected ones, from top to bottom
+        virtual void copy_names(const Rows& rows) = 0;
+        virtual void paste_names(const Rows& rows) = 0;
+        virtual void reset_names(const Rows& rows) = 0;
+        virtual void remove_files(const Rows& rows) = 0;
+
+    protected:
+        ~Owner() = default;
+    };
+
+    /// The owner must outlive the list.
+    explicit CNamesListCtrl(Owner& owner) noexcept : owner_(owner) { }
 
     /// Makes the columns and all rows.
     void fill(const RenameRun& run);
 
+    /// Takes away the rows that the run no longer has; the others must stand in its order.
+    void remove_missing_rows(const RenameRun& run);
+
     /// Columns as wide as old names need, the last one up to the right edge.
-    void size_columns(bool with_folders, int dpi) const noexcept;
+    void size_columns(int dpi) const noexcept;
+
+    /// Brings the last column to the right edge again.
+    void fill_width(int dpi) const noexcept;
 
     /// Answers the control's question for a row's text or picture. The text stays valid until the next question.
     void answer(const RenameRun& run, LVITEMW& item);
@@ -30,6 +54,16 @@ public:
     [[nodiscard]] LRESULT draw(const RenameRun& run, const NMLVCUSTOMDRAW& stage, HFONT bold) const;
 
 private:
+    std::optional<LRESULT> on_message(UINT message, WPARAM w, LPARAM l) override;
+    void menu_wanted(MenuWanted event);
+    void copy_names(Chosen);
+    void paste_names(Chosen);
+    void reset_names(Chosen);
+    void remove_files(Chosen);
+    void select_every_row(Chosen);
+    void invert_selection(Chosen);
+
+    Owner& owner_;
     std::wstring answered_text_;
 };
 

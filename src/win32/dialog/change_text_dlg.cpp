@@ -1,7 +1,9 @@
 #include "win32/dialog/change_text_dlg.h"
 
 #include "platform/user_values.h"
+#include "run/dialog_layout.h"
 #include "run/dpi.h"
+#include "win32/controls/string_table.h"
 #include "win32/dialog/rename_progress_dlg.h"
 #include "win32/framework/clipboard.h"
 #include "win32/framework/cwinapp.h"
@@ -21,18 +23,31 @@ constexpr SIZE state_image_size = {16, 16}; // pixels at every resolution
 // For as long as the library is loaded, whatever runs come and go.
 RememberedBoxes remembered_boxes;
 
-std::u16string string_table_text(MessageId id) { return load_text(static_cast<UINT>(id)); }
+struct FollowingControl {
+    WORD id;
+    HorizontalAnchor horizontal;
+    VerticalAnchor vertical;
+};
+constexpr FollowingControl following_controls[] = {
+    {IDOK, HorizontalAnchor::Move, VerticalAnchor::Move},
+    {IDCANCEL, HorizontalAnchor::Move, VerticalAnchor::Move},
+    {IDC_NAMES_LIST, HorizontalAnchor::Stretch, VerticalAnchor::Stretch},
+    {IDC_RESET, HorizontalAnchor::Centre, VerticalAnchor::Fixed},
+    {IDC_COPY_NAMES, HorizontalAnchor::Centre, VerticalAnchor::Fixed},
+    {IDC_PASTE_NAMES, HorizontalAnchor::Centre, VerticalAnchor::Fixed},
+};
 
 } // namespace
 
 ChangeTextDlg::ChangeTextDlg(std::u16string_view product_name, const CWnd& parent, FileSet& files, bool host_flag,
                              std::u16string_view host_text) :
     CDialog(IDD_MULTI_RENAME, &parent),
-    product_name_(product_name),
     host_flag_(host_flag),
     host_text_(host_text),
+    placement_(*this, product_name),
     number_settings_(std::make_shared<ChangeNumberDlgSettings>(system_user_values(), product_name)),
-    row_(*this, tooltips_)
+    names_list_(*this),
+    row_(*this, *this, tooltips_)
 {
     const WaitCursor wait;
     run_.emplace(files, remembered_boxes, &string_table_text);
@@ -43,11 +58,13 @@ std::span<const Route<ChangeTextDlg>> ChangeTextDlg::routes()
     using Me = ChangeTextDlg;
     static constexpr Route<Me> map[] = {
         on<&Me::resized>(),
+        on<&Me::sizing>(),
+        on<&Me::destroyed>(),
         on<&Me::list_drawn>(IDC_NAMES_LIST),
         on<&Me::list_item_wanted>(IDC_NAMES_LIST),
         on<&Me::reset>(IDC_RESET),
-        on<&Me::copy_names>(IDC_COPY_NAMES),
-        on<&Me::paste_names>(IDC_PASTE_NAMES),
+        on<&Me::copy_all_names>(IDC_COPY_NAMES),
+        on<&Me::paste_all_names>(IDC_PASTE_NAMES),
         on<&Me::extension_box_clicked>(IDC_ALLOW_EXTENSION_CHANGES),
         on<&Me::numbers_box_clicked>(IDC_NUMBERS_AS_TEXT),
         on<&Me::part_clicked>(IDC_PART_BUTTON),
@@ -66,26 +83,38 @@ void ChangeTextDlg::PreTranslateMessage(const MSG& message) { tooltips_.relay(me
 
 void ChangeTextDlg::DoDataExchange(const DataExchange& exchange)
 {
-    exchange.control(IDC_NAMES_LIST, names_list_);
+    exchange.hooked_control(IDC_NAMES_LIST, names_list_);
     exchange.control(IDC_ALLOW_EXTENSION_CHANGES, extension_box_);
     exchange.control(IDC_NUMBERS_AS_TEXT, numbers_box_);
 }
 
 bool ChangeTextDlg::OnInitDialog()
 {
+    const WaitCursor wait;
     dpi_.update(handle());
+    for (const FollowingControl& control : following_controls)
+        placement_.add(control.id, control.horizontal, control.vertical, dpi_.dpi());
+    size_grip_.create(*this);
     set_icon();
     make_fonts();
     tooltips_.create(handle());
+    show_boxes();
+    placement_.restore_size(dpi_.dpi());
+    place_controls();
     state_images_ = load_images(IDB_STATUS_READY, IDB_STATUS_INVALID, state_image_size);
     names_list_.set_state_images(state_images_.get());
     names_list_.fill(*run_);
-    names_list_.size_columns(run_->shows_folders(), dpi_.dpi());
-    show_boxes();
+    names_list_.size_columns(dpi_.dpi());
     build_row();
     dpi_.watch(*this);
     edit_notifications_live_ = true;
     return false;
+}
+
+void ChangeTextDlg::place_controls()
+{
+    placement_.apply(client_size(), dpi_.dpi());
+    size_grip_.place(dpi_.dpi());
 }
 
 void ChangeTextDlg::make_fonts()
@@ -133,16 +162,41 @@ void ChangeTextDlg::show(const Message& message) const
     message_box(message.text, string_table_text(MessageId::Caption), icon);
 }
 
-void ChangeTextDlg::resized(Resized)
+void ChangeTextDlg::resized(Resized event)
 {
+    if (event.is_minimised)
+        return;
     dpi_.update(handle());
+    placement_.apply(event.client, dpi_.dpi());
+    size_grip_.place(dpi_.dpi());
     row_.place(dpi_.dpi());
+    if (names_list_.column_count() > 0)
+        names_list_.fill_width(dpi_.dpi());
+}
+
+void ChangeTextDlg::sizing(Sizing event)
+{
+    const Area dragged = {static_cast<int>(event.area.left), static_cast<int>(event.area.top),
+                          static_cast<int>(event.area.right), static_cast<int>(event.area.bottom)};
+    const Area allowed = with_minimum_size(dragged, static_cast<DraggedEdge>(event.edge), dpi_.dpi());
+    event.area = {allowed.left, allowed.top, allowed.right, allowed.bottom};
+}
+
+void ChangeTextDlg::destroyed(Destroyed)
+{
+    placement_.save_size(dpi_.dpi());
+    row_.release_names();
 }
 
 void ChangeTextDlg::dpi_changed(int, int new_dpi)
 {
+    // The system gives the dialog a font for the new resolution; ours follow it, but live on until nothing uses them.
+    const UniqueFont old_bold = std::exchange(bold_font_, UniqueFont());
+    const UniqueFont old_part = std::exchange(part_font_, UniqueFont());
+    make_fonts();
+    row_.set_fonts({font(), part_font_.get()});
     row_.place(new_dpi);
-    names_list_.size_columns(run_->shows_folders(), new_dpi);
+    names_list_.size_columns(new_dpi);
     set_icon();
 }
 
@@ -163,19 +217,37 @@ void ChangeTextDlg::part_edited(EditChanged event)
     row_.place(dpi_.dpi());
 }
 
-void ChangeTextDlg::part_clicked(Clicked event)
+// While a dialog or a menu is open, messages go on: the row may be another one afterwards, or gone. So a copy is
+// edited, and it counts only if the part is still there.
+void ChangeTextDlg::change_part(HWND button, const std::function<bool(NamePart&)>& edit)
 {
-    const std::optional<std::size_t> index = row_.part_of(event.control);
+    const std::optional<std::size_t> index = row_.part_of(button);
     if (!index)
         return;
-    NamePart& part = run_->part(*index);
-    INT_PTR result = IDCANCEL;
-    if (part.kind == NamePartKind::Wild)
-        result = CChangeWildDlg(part, *this).DoModal();
-    else if (part.kind == NamePartKind::Number)
-        result = CChangeNumberDlg(number_settings_, part, *this).DoModal();
-    if (result == IDOK)
-        refresh_names();
+    const unsigned generation = row_.generation();
+    NamePart part = run_->part(*index);
+    if (!edit(part) || row_.generation() != generation)
+        return;
+    run_->part(*index) = part;
+    refresh_names();
+}
+
+void ChangeTextDlg::part_clicked(Clicked event)
+{
+    change_part(event.control, [this](NamePart& part) {
+        switch (part.kind) {
+        case NamePartKind::Wild: return CChangeWildDlg(part, *this).DoModal() == IDOK;
+        case NamePartKind::Number: return CChangeNumberDlg(number_settings_, part, *this).DoModal() == IDOK;
+        case NamePartKind::Text: break;
+        }
+        return false;
+    });
+}
+
+void ChangeTextDlg::part_menu_wanted(HWND button, POINT at)
+{
+    change_part(button,
+                [this, at](NamePart& part) { return show_part_menu(number_settings_.get(), part, handle(), at); });
 }
 
 void ChangeTextDlg::refresh_names()
@@ -203,31 +275,59 @@ void ChangeTextDlg::reset(Clicked)
     show_everything();
 }
 
-void ChangeTextDlg::copy_names(Clicked)
+void ChangeTextDlg::show_names_and_enabling()
 {
-    bool is_copied = false;
-    {
-        Clipboard clipboard;
-        is_copied = clipboard.set_text(run_->copied_names());
-    }
-    if (is_copied)
-        show(run_->copied_message());
-}
-
-void ChangeTextDlg::paste_names(Clicked)
-{
-    const Clipboard clipboard;
-    const std::optional<std::u16string> text = clipboard.text();
-    if (!text)
-        return;
-    if (const std::optional<Message> problem = run_->paste_names(*text)) {
-        show(*problem);
-        return;
-    }
     show_boxes();
     row_.enable(run_->pattern_controls_enabled());
     names_list_.repaint();
     leave_disabled_focus();
+}
+
+void ChangeTextDlg::copy_all_names(Clicked) { copy(run_->copied_names()); }
+
+void ChangeTextDlg::copy_names(const Rows& rows) { copy(run_->copied_names(rows)); }
+
+void ChangeTextDlg::copy(const std::u16string& names)
+{
+    if (Clipboard().set_text(names))
+        show(run_->copied_message());
+}
+
+void ChangeTextDlg::paste_all_names(Clicked)
+{
+    if (const auto text = Clipboard().text())
+        show_pasted(run_->paste_names(*text));
+}
+
+void ChangeTextDlg::paste_names(const Rows& rows)
+{
+    if (const auto text = Clipboard().text())
+        show_pasted(run_->paste_names(*text, rows));
+}
+
+void ChangeTextDlg::show_pasted(const std::optional<Message>& problem)
+{
+    if (problem)
+        show(*problem);
+    else
+        show_names_and_enabling();
+}
+
+void ChangeTextDlg::reset_names(const Rows& rows)
+{
+    run_->reset_names(rows);
+    if (!rows.empty())
+        show_names_and_enabling();
+}
+
+void ChangeTextDlg::remove_files(const Rows& rows)
+{
+    if (const auto problem = run_->remove_rows(rows)) {
+        show(*problem);
+        return;
+    }
+    names_list_.remove_missing_rows(*run_);
+    show_names_and_enabling();
 }
 
 void ChangeTextDlg::list_item_wanted(ListItemWanted event) { names_list_.answer(*run_, event.details.item); }

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -9,10 +10,14 @@
 
 #include "run/rename_run.h"
 #include "settings/change_number_settings.h"
+#include "win32/controls/name_part_button.h"
 #include "win32/controls/names_list_ctrl.h"
+#include "win32/controls/size_grip.h"
+#include "win32/dialog/dialog_placement.h"
 #include "win32/dialog/pattern_controls.h"
 #include "win32/dialog/screen_dpi.h"
 #include "win32/framework/cdialog.h"
+#include "win32/framework/com.h"
 #include "win32/framework/controls.h"
 #include "win32/framework/handles.h"
 #include "win32/framework/message_map.h"
@@ -20,7 +25,10 @@
 namespace multirename {
 
 /// The dialog "Multi Rename": the window of one rename run.
-class ChangeTextDlg final : public CDialog, private ScreenDpi::ScreenDpiWatcher {
+class ChangeTextDlg final : public CDialog,
+                            private ScreenDpi::ScreenDpiWatcher,
+                            private CNamesListCtrl::Owner,
+                            private CNamePartButton::Owner {
 public:
     /// Analyses the listed names. `parent` and `files` must outlive the dialog; the records of `files` are changed.
     ChangeTextDlg(std::u16string_view product_name, const CWnd& parent, FileSet& files, bool host_flag,
@@ -33,32 +41,46 @@ private:
     void PreTranslateMessage(const MSG& message) override;
     std::optional<LRESULT> on_message(UINT message, WPARAM w, LPARAM l) override;
     void dpi_changed(int old_dpi, int new_dpi) override;
+    void copy_names(const Rows& rows) override;
+    void paste_names(const Rows& rows) override;
+    void reset_names(const Rows& rows) override;
+    void remove_files(const Rows& rows) override;
+    void part_menu_wanted(HWND button, POINT at) override;
 
     static std::span<const Route<ChangeTextDlg>> routes();
-    void resized(Resized);
+    void resized(Resized event);
+    void sizing(Sizing event);
+    void destroyed(Destroyed);
     void part_focused(EditFocused event);
     void part_edited(EditChanged event);
     void part_clicked(Clicked event);
     void extension_box_clicked(Clicked);
     void numbers_box_clicked(Clicked);
     void reset(Clicked);
-    void copy_names(Clicked);
-    void paste_names(Clicked);
+    void copy_all_names(Clicked);
+    void paste_all_names(Clicked);
     void list_item_wanted(ListItemWanted event);
     LRESULT list_drawn(ListCustomDraw event);
 
+    void place_controls();
     void make_fonts();
     void set_icon();
     void build_row();
     void show_boxes() const;
     void show_everything();
+    void show_names_and_enabling();
     void refresh_names();
+    void change_part(HWND button, const std::function<bool(NamePart&)>& edit);
+    void copy(const std::u16string& names);
+    void show_pasted(const std::optional<Message>& problem);
     void show(const Message& message) const;
 
-    std::u16string product_name_;
     bool host_flag_;
     std::u16string host_text_;
+    ComApartment com_;
     ScreenDpi dpi_;
+    DialogPlacement placement_;
+    CSizeGrip size_grip_;
     std::optional<RenameRun> run_; // always there once constructed
     std::shared_ptr<ChangeNumberDlgSettings> number_settings_;
 

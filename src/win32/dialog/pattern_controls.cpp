@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "run/dpi.h"
-#include "win32/controls/name_part_button.h"
 #include "win32/res/resource.h"
 
 namespace multirename {
@@ -11,6 +10,7 @@ namespace multirename {
 namespace {
 
 constexpr UINT longest_text = 260;
+constexpr WORD no_id = 0xFFFF;
 
 void move_edit(const CEdit& edit, int x, int y, int width, int height)
 {
@@ -27,11 +27,13 @@ void move_edit(const CEdit& edit, int x, int y, int width, int height)
 
 void PatternControls::clear() noexcept
 {
+    names_.clear();
     for (const auto& control : controls_) {
         if (control->handle() != nullptr)
             tooltips_.remove_tool(control->handle());
     }
     controls_.clear();
+    labels_.clear();
     slots_.clear();
 }
 
@@ -46,7 +48,7 @@ std::unique_ptr<CWnd> PatternControls::make_control(NamePartKind kind, std::u16s
         edit->set_limit(longest_text);
         return edit;
     }
-    auto button = std::make_unique<Created<CNamePartButton>>();
+    auto button = std::make_unique<Created<CNamePartButton>>(menus_);
     button->hook(
         create_control(dialog_.handle(), {WC_BUTTONW, WS_VISIBLE | WS_TABSTOP | BS_FLAT, 0, IDC_PART_BUTTON, label}),
         dialog_);
@@ -55,9 +57,24 @@ std::unique_ptr<CWnd> PatternControls::make_control(NamePartKind kind, std::u16s
     return button;
 }
 
+std::unique_ptr<CWnd> PatternControls::make_label(std::u16string_view text) const
+{
+    auto label = std::make_unique<Created<CWnd>>();
+    label->attach(create_control(dialog_.handle(), {WC_STATICW, WS_VISIBLE | SS_NOPREFIX, 0, no_id, text}));
+    return label;
+}
+
+void PatternControls::set_fonts(Fonts fonts) noexcept
+{
+    measured_font_ = fonts.text;
+    for (std::size_t i = 0; i < slots_.size(); ++i)
+        controls_[i]->set_font(slots_[i].kind == NamePartKind::Text ? fonts.text : fonts.buttons);
+}
+
 void PatternControls::build(const RenameRun& run, Fonts fonts, HWND after, int dpi)
 {
     clear();
+    ++generation_;
     measured_font_ = fonts.text;
     const CEdit* first_edit = nullptr;
     for (std::size_t part = 0; part < run.pattern().parts.size(); ++part) {
@@ -65,9 +82,13 @@ void PatternControls::build(const RenameRun& run, Fonts fonts, HWND after, int d
         slots_.push_back({kind, 0});
         controls_.push_back(make_control(kind, run.part_label(part), fonts));
         measure(run, part, dpi);
-        const HWND control = controls_.back()->handle();
-        SetWindowPos(control, after, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-        after = control;
+        const std::u16string description = run.part_description(part);
+        labels_.push_back(make_label(description));
+        names_.set(controls_.back()->handle(), description);
+        for (const auto& window : {labels_.back()->handle(), controls_.back()->handle()}) {
+            SetWindowPos(window, after, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+            after = window;
+        }
         if (first_edit == nullptr && kind == NamePartKind::Text)
             first_edit = &edit(part);
     }

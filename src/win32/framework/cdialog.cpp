@@ -48,7 +48,11 @@ void CDialog::fail(std::exception_ptr failure) noexcept
     end(IDCANCEL);
 }
 
-void CDialog::end(INT_PTR result) noexcept { EndDialog(handle(), result); }
+void CDialog::end(INT_PTR result) noexcept
+{
+    EndMenu(); // a menu that is open would keep the dialog waiting, out of sight
+    EndDialog(handle(), result);
+}
 
 void CDialog::leave_disabled_focus() const noexcept
 {
@@ -94,6 +98,8 @@ INT_PTR CALLBACK CDialog::dialog_procedure(HWND window, UINT message, WPARAM w, 
     auto* const self = reinterpret_cast<CDialog*>(GetWindowLongPtrW(window, DWLP_USER));
     if (self == nullptr)
         return FALSE;
+    if (message == WM_DESTROY)
+        EndMenu();
     if (message == WM_NCDESTROY) {
         SetWindowLongPtrW(window, DWLP_USER, 0);
         self->attach(nullptr);

@@ -122,7 +122,7 @@ void CListCtrl::append_row(LPARAM row_data) const noexcept
     item.pszText = LPSTR_TEXTCALLBACKW;
     item.lParam = row_data;
     const LRESULT row = send(LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item));
-    const auto columns = Header_GetItemCount(reinterpret_cast<HWND>(send(LVM_GETHEADER)));
+    const int columns = column_count();
     for (int column = 1; column < columns; ++column) {
         LVITEMW cell = {};
         cell.iSubItem = column;
@@ -144,6 +144,44 @@ LPARAM CListCtrl::row_data(int row) const noexcept
     item.iItem = row;
     send(LVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item));
     return item.lParam;
+}
+
+int CListCtrl::row_count() const noexcept { return static_cast<int>(send(LVM_GETITEMCOUNT)); }
+
+int CListCtrl::column_count() const noexcept
+{
+    return Header_GetItemCount(reinterpret_cast<HWND>(send(LVM_GETHEADER)));
+}
+
+void CListCtrl::delete_row(int row) const noexcept { send(LVM_DELETEITEM, static_cast<WPARAM>(row)); }
+
+bool CListCtrl::is_selected(int row) const noexcept
+{
+    return (send(LVM_GETITEMSTATE, static_cast<WPARAM>(row), LVIS_SELECTED) & LVIS_SELECTED) != 0;
+}
+
+void CListCtrl::select(int row, bool selected) const noexcept
+{
+    LVITEMW change = {};
+    change.stateMask = LVIS_SELECTED;
+    change.state = selected ? LVIS_SELECTED : 0;
+    send(LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&change));
+}
+
+void CListCtrl::select_all() const noexcept
+{
+    constexpr int all_rows = -1;
+    select(all_rows, true);
+}
+
+int CListCtrl::selected_count() const noexcept { return static_cast<int>(send(LVM_GETSELECTEDCOUNT)); }
+
+std::vector<std::size_t> CListCtrl::selected_rows() const
+{
+    std::vector<std::size_t> rows;
+    for (LRESULT row = -1; (row = send(LVM_GETNEXTITEM, static_cast<WPARAM>(row), LVNI_SELECTED)) != -1;)
+        rows.push_back(static_cast<std::size_t>(row));
+    return rows;
 }
 
 void CToolTipCtrl::create(HWND owner)

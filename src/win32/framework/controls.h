@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string_view>
+#include <vector>
 
 #include "win32/framework/cwnd.h"
 #include "win32/framework/handles.h"
@@ -86,6 +87,15 @@ public:
     void append_row(LPARAM row_data) const noexcept;
     void set_state_images(HIMAGELIST images) const noexcept;
     [[nodiscard]] LPARAM row_data(int row) const noexcept;
+    [[nodiscard]] int row_count() const noexcept;
+    [[nodiscard]] int column_count() const noexcept;
+    void delete_row(int row) const noexcept;
+    [[nodiscard]] bool is_selected(int row) const noexcept;
+    void select(int row, bool selected) const noexcept;
+    void select_all() const noexcept;
+    [[nodiscard]] int selected_count() const noexcept;
+    /// From top to bottom.
+    [[nodiscard]] std::vector<std::size_t> selected_rows() const;
 };
 
 /// Tooltips for the controls of one dialog.

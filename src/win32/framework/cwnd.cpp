@@ -85,6 +85,15 @@ SIZE CWnd::client_size() const noexcept
     return {area.right, area.bottom};
 }
 
+RECT CWnd::window_area() const noexcept
+{
+    RECT area = {};
+    GetWindowRect(window_, &area);
+    return area;
+}
+
+void CWnd::show(bool shown) const noexcept { ShowWindow(window_, shown ? SW_SHOWNA : SW_HIDE); }
+
 void CWnd::repaint() const noexcept { InvalidateRect(window_, nullptr, TRUE); }
 
 void CWnd::repaint(const RECT& area) const noexcept { InvalidateRect(window_, &area, TRUE); }

@@ -49,6 +49,9 @@ public:
     /// Pixels, in the parent's client area for a child.
     void move(int x, int y, int width, int height) const noexcept;
     [[nodiscard]] SIZE client_size() const noexcept;
+    /// Its outer rectangle on the screen.
+    [[nodiscard]] RECT window_area() const noexcept;
+    void show(bool shown) const noexcept;
     /// Has the window, or a part of its client area, painted again in due course.
     void repaint() const noexcept;
     void repaint(const RECT& area) const noexcept;

@@ -49,9 +49,43 @@ struct ListCustomDraw : NotifyEvent<NM_CUSTOMDRAW, NMLVCUSTOMDRAW> {
     using NotifyEvent::NotifyEvent;
 };
 
+/// A command of a menu.
+struct Chosen : Event<WM_COMMAND> {
+    Chosen(WPARAM, LPARAM) { }
+};
+
 struct Resized : Event<WM_SIZE> {
     SIZE client; ///< pixels
-    Resized(WPARAM, LPARAM l) : client{LOWORD(l), HIWORD(l)} { }
+    bool is_minimised;
+    Resized(WPARAM w, LPARAM l) : client{LOWORD(l), HIWORD(l)}, is_minimised(w == SIZE_MINIMIZED) { }
+};
+struct Sizing : Event<WM_SIZING> {
+    UINT edge; ///< one of WMSZ_
+    RECT& area; ///< the outer rectangle; may be changed
+    Sizing(WPARAM w, LPARAM l) : edge(static_cast<UINT>(w)), area(*reinterpret_cast<RECT*>(l)) { }
+};
+struct HitTested : Event<WM_NCHITTEST> {
+    HitTested(WPARAM, LPARAM) { }
+};
+struct FramePressed : Event<WM_NCLBUTTONDOWN> {
+    WPARAM place; ///< one of HT
+    LPARAM point;
+    FramePressed(WPARAM w, LPARAM l) : place(w), point(l) { }
+};
+struct KeyPressed : Event<WM_KEYDOWN> {
+    WPARAM key;
+    KeyPressed(WPARAM w, LPARAM) : key(w) { }
+};
+
+/// A right click, or the keyboard's key for it.
+struct MenuWanted : Event<WM_CONTEXTMENU> {
+    HWND window; ///< where it was
+    POINT at; ///< on the screen; (-1, -1) from the keyboard
+    MenuWanted(WPARAM w, LPARAM l) :
+        window(reinterpret_cast<HWND>(w)), at{static_cast<short>(LOWORD(l)), static_cast<short>(HIWORD(l))}
+    {
+    }
+    [[nodiscard]] bool is_from_keyboard() const noexcept { return at.x == -1 && at.y == -1; }
 };
 struct Destroyed : Event<WM_DESTROY> {
     Destroyed(WPARAM, LPARAM) { }

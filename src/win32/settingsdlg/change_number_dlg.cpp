@@ -82,7 +82,8 @@ void CChangeNumberDlg::update_controls() const
     leave_disabled_focus();
 }
 
-void CChangeNumberDlg::choice_clicked(Clicked)
+// The choices are what the controls show, however they came to show it.
+void CChangeNumberDlg::read_choices()
 {
     for (const auto& [id, choice] : number_buttons) {
         if (CButton(item(id)).is_checked())
@@ -92,6 +93,11 @@ void CChangeNumberDlg::choice_clicked(Clicked)
         if (CButton(item(id)).is_checked())
             settings_.choose(choice);
     }
+}
+
+void CChangeNumberDlg::choice_clicked(Clicked)
+{
+    read_choices();
     update_controls();
 }
 
@@ -103,12 +109,14 @@ void CChangeNumberDlg::reset(Clicked)
 
 void CChangeNumberDlg::clear_text(Clicked)
 {
+    read_choices();
     settings_.clear_text();
     show_choices();
 }
 
 void CChangeNumberDlg::OnOK()
 {
+    read_choices();
     settings_.store(start_.text(), digits_.text(), part_, *remembered_);
     end(IDOK);
 }

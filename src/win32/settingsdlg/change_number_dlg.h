@@ -29,6 +29,7 @@ private:
     void reset(Clicked);
     void clear_text(Clicked);
     void choice_clicked(Clicked);
+    void read_choices();
     void show_choices() const;
     void update_controls() const;
 

@@ -42,12 +42,23 @@ bool CChangeWildDlg::OnInitDialog()
     return false;
 }
 
+// The choices are what the controls show, however they came to show it.
+void CChangeWildDlg::read_controls()
+{
+    const std::optional<LPARAM> selected = style_.selected_data();
+    settings_.select_style(selected ? std::optional(static_cast<CaseStyle>(*selected)) : std::nullopt);
+    settings_.set_truncates(truncate_.is_checked());
+    settings_.set_length_text(length_.text());
+}
+
 void CChangeWildDlg::show_settings()
 {
-    truncate_.set_checked(settings_.truncates());
-    length_.set_text(settings_.length_text());
     const std::optional<CaseStyle> style = settings_.style();
     style_.select_data(style ? std::optional(static_cast<LPARAM>(*style)) : std::nullopt);
+    truncate_.set_checked(settings_.truncates());
+    // Last, since the edit's notification has the controls read again.
+    if (const std::u16string length = settings_.length_text(); length_.text() != length)
+        length_.set_text(length);
     update_controls();
 }
 
@@ -61,37 +72,40 @@ void CChangeWildDlg::update_controls() const
 
 void CChangeWildDlg::reset(Clicked)
 {
+    read_controls();
     settings_.reset();
     show_settings();
 }
 
 void CChangeWildDlg::clear_text(Clicked)
 {
+    read_controls();
     settings_.clear_text();
     show_settings();
 }
 
 void CChangeWildDlg::truncate_clicked(Clicked)
 {
+    read_controls();
     settings_.click_truncate(truncate_.is_checked());
     update_controls();
 }
 
 void CChangeWildDlg::style_selected(SelectionChanged)
 {
-    const std::optional<LPARAM> selected = style_.selected_data();
-    settings_.select_style(selected ? std::optional(static_cast<CaseStyle>(*selected)) : std::nullopt);
+    read_controls();
     update_controls();
 }
 
 void CChangeWildDlg::length_edited(EditChanged)
 {
-    settings_.set_length_text(length_.text());
+    read_controls();
     update_controls();
 }
 
 void CChangeWildDlg::OnOK()
 {
+    read_controls();
     settings_.store(part_);
     end(IDOK);
 }

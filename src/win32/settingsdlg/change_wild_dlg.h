@@ -30,6 +30,7 @@ private:
     void truncate_clicked(Clicked);
     void style_selected(SelectionChanged);
     void length_edited(EditChanged);
+    void read_controls();
     void show_settings();
     void update_controls() const;
 
