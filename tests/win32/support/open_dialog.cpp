@@ -210,14 +210,84 @@ std::vector<std::u16string> OpenDialog::columns() const
     return titles;
 }
 
-PartDialog OpenDialog::click_part(std::size_t index, std::u16string_view title) const
+HWND OpenDialog::part_button(std::size_t index) const
 {
     std::vector<HWND> buttons = driver::row_controls(dialog_);
     std::erase_if(buttons, [](HWND control) { return GetDlgCtrlID(control) != IDC_PART_BUTTON; });
     EXPECT_LT(index, buttons.size()) << "the row has no such button";
-    EXPECT_TRUE(index < buttons.size() && driver::press(buttons[index]));
+    return index < buttons.size() ? buttons[index] : nullptr;
+}
+
+PartDialog OpenDialog::click_part(std::size_t index, std::u16string_view title) const
+{
+    EXPECT_TRUE(driver::press(part_button(index)));
     EXPECT_TRUE(driver::wait_until([&] { return driver::find_dialog(title, ui_id_) != nullptr; }));
     return PartDialog(driver::find_dialog(title, ui_id_));
+}
+
+OpenMenu OpenDialog::list_menu() const
+{
+    driver::wait_until_active(list());
+    return OpenMenu(list());
+}
+
+void OpenDialog::select_rows(const std::vector<int>& rows) const
+{
+    const auto select = [this](int row, bool selected) {
+        LVITEMW change = {};
+        change.stateMask = LVIS_SELECTED;
+        change.state = selected ? LVIS_SELECTED : 0;
+        ask(list(), LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&change));
+    };
+    constexpr int every_row = -1;
+    select(every_row, false);
+    for (const int row : rows)
+        select(row, true);
+}
+
+std::vector<int> OpenDialog::selected_rows() const
+{
+    std::vector<int> rows;
+    const auto count = static_cast<int>(ask(list(), LVM_GETITEMCOUNT));
+    for (int row = 0; row < count; ++row) {
+        if (ask(list(), LVM_GETITEMSTATE, static_cast<WPARAM>(row), LVIS_SELECTED) != 0)
+            rows.push_back(row);
+    }
+    return rows;
+}
+
+void OpenDialog::press_and_expect(int id, const std::vector<std::u16string>& labels) const
+{
+    press(id);
+    EXPECT_TRUE(driver::wait_until([&] { return pattern() == labels; }));
+}
+
+void OpenDialog::resize(int width, int height) const
+{
+    SetWindowPos(dialog_, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    EXPECT_TRUE(driver::wait_until([&] { return size().cx == width && size().cy == height; }));
+}
+
+SIZE OpenDialog::size() const
+{
+    RECT area = {};
+    GetWindowRect(dialog_, &area);
+    return {area.right - area.left, area.bottom - area.top};
+}
+
+SIZE OpenDialog::client_size() const
+{
+    RECT area = {};
+    GetClientRect(dialog_, &area);
+    return {area.right, area.bottom};
+}
+
+RECT OpenDialog::place_of(HWND window) const
+{
+    RECT area = {};
+    GetWindowRect(window, &area);
+    MapWindowPoints(nullptr, dialog_, reinterpret_cast<POINT*>(&area), 2);
+    return area;
 }
 
 bool PartDialog::is_checked(int id) const { return ask(control(id), BM_GETCHECK) == BST_CHECKED; }

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "support/module.h"
+#include "support/open_menu.h"
 
 /// What the names list shows of one row.
 struct ShownRow {
@@ -106,6 +107,26 @@ public:
 
     /// Clicks the button of a wild or number part, counted from 0 among these, and waits for its dialog.
     [[nodiscard]] PartDialog click_part(std::size_t index, std::u16string_view title) const;
+    /// The button of a wild or number part, counted likewise.
+    [[nodiscard]] HWND part_button(std::size_t index) const;
+    /// Opens the menu of a part's button, or of the list, with the keyboard.
+    [[nodiscard]] OpenMenu part_menu(std::size_t index) const { return OpenMenu(part_button(index)); }
+    [[nodiscard]] OpenMenu list_menu() const;
+
+    [[nodiscard]] HWND list() const { return control(1503); }
+    /// Selects these rows and no others.
+    void select_rows(const std::vector<int>& rows) const;
+    [[nodiscard]] std::vector<int> selected_rows() const;
+
+    /// Presses a check box and waits until the row shows these labels.
+    void press_and_expect(int id, const std::vector<std::u16string>& labels) const;
+
+    /// Drags the dialog to this outer size.
+    void resize(int width, int height) const;
+    [[nodiscard]] SIZE size() const;
+    [[nodiscard]] SIZE client_size() const;
+    /// Where a window stands in the dialog's client area.
+    [[nodiscard]] RECT place_of(HWND window) const;
 
 private:
     void open(const Module& module, Call call);

@@ -7,6 +7,7 @@
 namespace {
 
 constexpr const wchar_t* tests_key = L"Software\\multirename_tests";
+constexpr const wchar_t* module_key = L"SOFTWARE\\Velloria Labs\\Tallyhand";
 
 } // namespace
 
@@ -31,7 +32,13 @@ std::optional<std::uint32_t> EmptyUserStore::stored(std::u16string_view name)
 {
     DWORD number = 0;
     DWORD size = sizeof number;
-    const LSTATUS status = RegGetValueW(HKEY_CURRENT_USER, L"SOFTWARE\\Velloria Labs\\Tallyhand",
-                                        multirename::to_wide(name).c_str(), RRF_RT_REG_DWORD, nullptr, &number, &size);
+    const LSTATUS status = RegGetValueW(HKEY_CURRENT_USER, module_key, multirename::to_wide(name).c_str(),
+                                        RRF_RT_REG_DWORD, nullptr, &number, &size);
     return status == ERROR_SUCCESS ? std::optional<std::uint32_t>(number) : std::nullopt;
+}
+
+void EmptyUserStore::store(std::u16string_view name, std::uint32_t number)
+{
+    RegSetKeyValueW(HKEY_CURRENT_USER, module_key, multirename::to_wide(name).c_str(), REG_DWORD, &number,
+                    sizeof number);
 }

@@ -17,6 +17,9 @@ public:
     /// A number of the module's, or nothing.
     [[nodiscard]] static std::optional<std::uint32_t> stored(std::u16string_view name);
 
+    /// Stores a number of the module's.
+    static void store(std::u16string_view name, std::uint32_t number);
+
 private:
     HKEY key_ = nullptr;
 };
