@@ -22,7 +22,7 @@ AccessibleNames::~AccessibleNames() { clear(); }
 void AccessibleNames::set(HWND control, std::u16string_view name)
 {
     if (!service_)
-        service_ = create_object<IAccPropServices>(CLSID_AccPropServices, IID_IAccPropServices);
+        service_ = find_object<IAccPropServices>(CLSID_AccPropServices, IID_IAccPropServices);
     if (!service_)
         return;
     const std::wstring wide = to_wide(name);

@@ -34,7 +34,7 @@ using UniqueInterface = UniqueHandle<InterfaceTraits<Interface>>;
 
 /// A new object of a class that the system registers; none when there is none.
 template <class Interface>
-[[nodiscard]] UniqueInterface<Interface> create_object(const CLSID& object_class, const IID& interface_id) noexcept
+[[nodiscard]] UniqueInterface<Interface> find_object(const CLSID& object_class, const IID& interface_id) noexcept
 {
     void* object = nullptr;
     if (FAILED(CoCreateInstance(object_class, nullptr, CLSCTX_INPROC_SERVER, interface_id, &object)))

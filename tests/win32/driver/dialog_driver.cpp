@@ -79,6 +79,16 @@ HWND find_dialog(std::u16string_view title, DWORD thread)
     return search.found;
 }
 
+HWND message_part(HWND box, MessagePart part)
+{
+    for (HWND child = GetWindow(box, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT)) {
+        const bool is_icon = (GetWindowLongPtrW(child, GWL_STYLE) & SS_TYPEMASK) == SS_ICON;
+        if (class_of(child) == u"Static" && is_icon == (part == MessagePart::Icon))
+            return child;
+    }
+    return nullptr;
+}
+
 std::vector<HWND> row_controls(HWND dialog)
 {
     std::vector<HWND> controls;

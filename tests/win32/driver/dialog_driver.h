@@ -35,6 +35,12 @@ LRESULT ask(HWND window, UINT message, WPARAM w = 0, LPARAM l = 0);
 /// The visible dialog box with this title, of one thread or, with 0, of any program; null when there is none.
 [[nodiscard]] HWND find_dialog(std::u16string_view title, DWORD thread = 0);
 
+/// What a message box shows beside its buttons.
+enum class MessagePart { Text, Icon };
+
+/// The control of a message box that shows its text or its icon; null when there is none.
+[[nodiscard]] HWND message_part(HWND box, MessagePart part);
+
 /// The controls of the pattern row in the order of their places.
 [[nodiscard]] std::vector<HWND> row_controls(HWND dialog);
 

@@ -23,18 +23,6 @@ constexpr std::u16string_view message_caption = u"Velloria - Multi Rename";
 
 std::string printable(std::u16string_view text) { return multirename::to_bytes(text); }
 
-HWND first_static(HWND box, bool with_icon)
-{
-    for (HWND child = GetWindow(box, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT)) {
-        std::array<wchar_t, 16> name = {};
-        GetClassNameW(child, name.data(), static_cast<int>(name.size()));
-        const bool is_icon = (GetWindowLongPtrW(child, GWL_STYLE) & SS_TYPEMASK) == SS_ICON;
-        if (std::wstring_view(name.data()) == L"Static" && is_icon == with_icon)
-            return child;
-    }
-    return nullptr;
-}
-
 } // namespace
 
 void PrintTo(const ShownRow& row, std::ostream* out)
@@ -125,9 +113,9 @@ ShownMessage OpenDialog::take_message() const
     if (!came)
         return {};
     ShownMessage message;
-    message.text = driver::text_of(first_static(box, false));
+    message.text = driver::text_of(driver::message_part(box, driver::MessagePart::Text));
     message.caption = driver::text_of(box);
-    message.icon = reinterpret_cast<HICON>(ask(first_static(box, true), STM_GETICON));
+    message.icon = reinterpret_cast<HICON>(ask(driver::message_part(box, driver::MessagePart::Icon), STM_GETICON));
     PostMessageW(box, WM_COMMAND, IDOK, 0);
     EXPECT_TRUE(driver::wait_until([box] { return IsWindow(box) == FALSE; }));
     return message;
