@@ -22,17 +22,17 @@ protected:
     }
 };
 
-constexpr int many = 10'000;
+constexpr int many = 3'000;
 
 } // namespace
 
-TEST_F(ManyFiles, AreListedEditedRemovedAndReset)
+TEST_F(ManyFiles, AreListedEditedAndRemoved)
 {
     const OpenDialog dialog(module, made_many(many));
     EXPECT_EQ(driver::ask(dialog.list(), LVM_GETITEMCOUNT), many);
-    EXPECT_EQ(dialog.cell(many - 1, 0), u"IMG_109999.jpg");
+    EXPECT_EQ(dialog.cell(many - 1, 0), u"IMG_102999.jpg");
     dialog.type_into(part(0), u"trip_");
-    EXPECT_EQ(dialog.cell(many - 1, 1), u"trip_109999.jpg");
+    EXPECT_EQ(dialog.cell(many - 1, 1), u"trip_102999.jpg");
 
     driver::ask(dialog.list(), WM_COMMAND, ID_SELECT_ALL);
     LVITEMW deselect = {};
@@ -41,5 +41,5 @@ TEST_F(ManyFiles, AreListedEditedRemovedAndReset)
     driver::ask(dialog.list(), LVM_SETITEMSTATE, many - 1, reinterpret_cast<LPARAM>(&deselect));
     driver::ask(dialog.list(), WM_COMMAND, ID_REMOVE_FILES);
     EXPECT_EQ(driver::ask(dialog.list(), LVM_GETITEMCOUNT), 2);
-    EXPECT_EQ(dialog.cell(1, 1), u"trip_109999.jpg");
+    EXPECT_EQ(dialog.cell(1, 1), u"trip_102999.jpg");
 }

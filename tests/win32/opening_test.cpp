@@ -21,7 +21,7 @@ class Opening : public Story { };
 
 std::wstring library_behind(HWND control)
 {
-    const auto* const procedure = reinterpret_cast<LPCWSTR>(GetWindowLongPtrW(control, GWLP_WNDPROC));
+    const auto* const procedure = reinterpret_cast<LPCWSTR>(GetClassLongPtrW(control, GCLP_WNDPROC));
     HMODULE library = nullptr;
     GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT, procedure,
                        &library);

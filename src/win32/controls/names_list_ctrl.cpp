@@ -150,7 +150,12 @@ void CNamesListCtrl::reset_names(Chosen) { owner_.reset_names(selected_rows()); 
 
 void CNamesListCtrl::remove_files(Chosen) { owner_.remove_files(selected_rows()); }
 
-void CNamesListCtrl::select_every_row(Chosen) { select_all(); }
+void CNamesListCtrl::select_every_row(Chosen)
+{
+    set_redraw(false);
+    select_all();
+    set_redraw(true);
+}
 
 void CNamesListCtrl::invert_selection(Chosen)
 {

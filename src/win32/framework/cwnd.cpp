@@ -1,7 +1,5 @@
 #include "win32/framework/cwnd.h"
 
-#include <commctrl.h>
-
 #include "platform/windows/wide.h"
 #include "win32/framework/handles.h"
 
@@ -15,39 +13,47 @@ void CWnd::attach(HWND window) noexcept
     window_ = window;
 }
 
+// The wrapper is found through the window's user data: a property of the window, as the common controls' own way of
+// subclassing uses, can cost a call to another process for every message.
 void CWnd::hook(HWND window, FailureSink& failures) noexcept
 {
     release();
-    if (SetWindowSubclass(window, &hooked_procedure, 0, reinterpret_cast<DWORD_PTR>(this)) != FALSE)
-        failures_ = &failures;
     window_ = window;
+    failures_ = &failures;
+    SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    const LONG_PTR replaced = SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&hooked_procedure));
+    replaced_procedure_ = reinterpret_cast<WNDPROC>(replaced);
 }
 
 void CWnd::release() noexcept
 {
-    if (failures_ != nullptr)
-        RemoveWindowSubclass(window_, &hooked_procedure, 0);
+    if (failures_ != nullptr) {
+        SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(replaced_procedure_));
+        SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
+    }
     failures_ = nullptr;
     window_ = nullptr;
 }
 
-LRESULT CALLBACK CWnd::hooked_procedure(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR,
-                                        DWORD_PTR wrapper) noexcept
+LRESULT CALLBACK CWnd::hooked_procedure(HWND window, UINT message, WPARAM w, LPARAM l) noexcept
 {
-    auto& self = *reinterpret_cast<CWnd*>(wrapper);
+    auto* const self = reinterpret_cast<CWnd*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    if (self == nullptr)
+        return DefWindowProcW(window, message, w, l);
+    const WNDPROC replaced = self->replaced_procedure_;
     if (message == WM_NCDESTROY) {
-        self.release();
-        return DefSubclassProc(window, message, w, l);
+        self->release();
+        return CallWindowProcW(replaced, window, message, w, l);
     }
-    FailureSink* const failures = self.failures_;
+    FailureSink* const failures = self->failures_;
     try {
-        if (const std::optional<LRESULT> result = self.on_message(message, w, l))
+        if (const std::optional<LRESULT> result = self->on_message(message, w, l))
             return *result;
     } catch (...) {
         failures->fail(std::current_exception());
         return 0;
     }
-    return DefSubclassProc(window, message, w, l);
+    return CallWindowProcW(replaced, window, message, w, l);
 }
 
 std::optional<LRESULT> CWnd::on_message(UINT, WPARAM, LPARAM) { return std::nullopt; }

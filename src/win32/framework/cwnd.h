@@ -33,7 +33,7 @@ public:
     void attach(HWND window) noexcept;
 
     /// Like `attach`, and from then on `on_message` sees every message of the window before the window does. What it
-    /// throws goes to `failures`, which must outlive the window.
+    /// throws goes to `failures`, which must outlive the window. The window's user data are the wrapper's meanwhile.
     void hook(HWND window, FailureSink& failures) noexcept;
 
     /// Sends a message and gives its result.
@@ -64,12 +64,12 @@ protected:
 
 private:
     friend class CDialog;
-    static LRESULT CALLBACK hooked_procedure(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR id,
-                                             DWORD_PTR wrapper) noexcept;
+    static LRESULT CALLBACK hooked_procedure(HWND window, UINT message, WPARAM w, LPARAM l) noexcept;
     void release() noexcept;
 
     HWND window_ = nullptr;
     FailureSink* failures_ = nullptr; // set while hooked
+    WNDPROC replaced_procedure_ = nullptr; // the window's own, while hooked
 };
 
 /// Pixels that the text takes in a font, on one line.
