@@ -93,3 +93,22 @@ stop_display() {
     wait "$display_process" 2> /dev/null || true
     display_process=
 }
+
+# Saves what the display shows, without the empty space around it, in $1. What has been painted reaches the screen a
+# little later: the picture is taken when two in a row are the same.
+still_picture() {
+    local tries next
+    next=$(mktemp --suffix .png)
+    import -window root "$1"
+    for tries in $(seq 30); do
+        sleep 0.2
+        import -window root "$next"
+        if compare -metric AE "$next" "$1" null: > /dev/null 2>&1; then
+            rm -f "$next"
+            mogrify -trim +repage "$1"
+            return 0
+        fi
+        cp "$next" "$1"
+    done
+    fail "The display never stood still."
+}

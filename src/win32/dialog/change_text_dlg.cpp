@@ -18,6 +18,7 @@ namespace {
 
 constexpr LONG bold_weight = 700;
 constexpr int small_icon_length = 16;
+constexpr int gap_below_row = 14; // to the buttons, at 96 dots per inch
 constexpr SIZE state_image_size = {16, 16}; // pixels at every resolution
 
 // For as long as the library is loaded, whatever runs come and go.
@@ -92,6 +93,7 @@ bool ChangeTextDlg::OnInitDialog()
 {
     const WaitCursor wait;
     dpi_.update(handle());
+    close_up_to_row();
     for (const FollowingControl& control : following_controls)
         placement_.add(control.id, control.horizontal, control.vertical, dpi_.dpi());
     size_grip_.create(*this);
@@ -109,6 +111,17 @@ bool ChangeTextDlg::OnInitDialog()
     dpi_.watch(*this);
     edit_notifications_live_ = true;
     return false;
+}
+
+// The row's place is given in pixels, the template's in dialog units, which depend on the font.
+void ChangeTextDlg::close_up_to_row() const
+{
+    const int wanted = scaled(row_top + row_height + gap_below_row, dpi_.dpi());
+    const int down = wanted - placement_.top_of(IDC_RESET);
+    constexpr WORD below_row[] = {IDC_RESET, IDC_COPY_NAMES, IDC_PASTE_NAMES, IDC_NAMES_LABEL};
+    for (const WORD id : below_row)
+        placement_.shift(id, down, true);
+    placement_.shift(IDC_NAMES_LIST, down, false);
 }
 
 void ChangeTextDlg::place_controls()

@@ -62,6 +62,7 @@ private:
     void list_item_wanted(ListItemWanted event);
     LRESULT list_drawn(ListCustomDraw event);
 
+    void close_up_to_row() const;
     void place_controls();
     void make_fonts();
     void set_icon();

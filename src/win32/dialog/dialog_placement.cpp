@@ -15,6 +15,13 @@ Area DialogPlacement::area_of(HWND control) const noexcept
             static_cast<int>(area.bottom)};
 }
 
+void DialogPlacement::shift(WORD id, int down, bool keeps_height) const
+{
+    const Area area = area_of(dialog_.item(id));
+    const int height = keeps_height ? area.height() : area.height() - down;
+    CWnd(dialog_.item(id)).move(area.left, area.top + down, area.width(), height);
+}
+
 void DialogPlacement::add(WORD id, HorizontalAnchor horizontal, VerticalAnchor vertical, int dpi)
 {
     const HWND control = dialog_.item(id);

@@ -19,6 +19,12 @@ public:
     {
     }
 
+    /// In pixels of the dialog's client area.
+    [[nodiscard]] int top_of(WORD id) const noexcept { return area_of(dialog_.item(id)).top; }
+
+    /// Moves the control's top edge, and its bottom edge if the height is kept, down by so many pixels.
+    void shift(WORD id, int down, bool keeps_height) const;
+
     /// Has the control follow the dialog's size from where it stands now. A control that the dialog does not have is
     /// passed over.
     void add(WORD id, HorizontalAnchor horizontal, VerticalAnchor vertical, int dpi);

@@ -44,6 +44,13 @@ LONG left_edge(HWND window)
     return area.left;
 }
 
+std::vector<HWND> row_controls(HWND dialog, int id)
+{
+    std::vector<HWND> controls = driver::row_controls(dialog);
+    std::erase_if(controls, [id](HWND control) { return GetDlgCtrlID(control) != id; });
+    return controls;
+}
+
 // Types at the caret; true when the edit then holds what is expected.
 bool type_keys(HWND edit, std::u16string_view keys, std::u16string_view expected)
 {
@@ -89,6 +96,16 @@ HWND message_part(HWND box, MessagePart part)
     return nullptr;
 }
 
+HWND find_menu(DWORD thread)
+{
+    for (HWND window = nullptr; (window = FindWindowExW(nullptr, window, L"#32768", nullptr)) != nullptr;) {
+        const bool is_wanted = thread == 0 || GetWindowThreadProcessId(window, nullptr) == thread;
+        if (is_wanted && IsWindowVisible(window) != FALSE)
+            return window;
+    }
+    return nullptr;
+}
+
 std::vector<HWND> row_controls(HWND dialog)
 {
     std::vector<HWND> controls;
@@ -101,12 +118,9 @@ std::vector<HWND> row_controls(HWND dialog)
     return controls;
 }
 
-std::vector<HWND> part_edits(HWND dialog)
-{
-    std::vector<HWND> edits = row_controls(dialog);
-    std::erase_if(edits, [](HWND control) { return GetDlgCtrlID(control) != part_edit_id; });
-    return edits;
-}
+std::vector<HWND> part_edits(HWND dialog) { return row_controls(dialog, part_edit_id); }
+
+std::vector<HWND> part_buttons(HWND dialog) { return row_controls(dialog, part_button_id); }
 
 bool type_into(HWND edit, std::u16string_view text)
 {

@@ -41,11 +41,17 @@ enum class MessagePart { Text, Icon };
 /// The control of a message box that shows its text or its icon; null when there is none.
 [[nodiscard]] HWND message_part(HWND box, MessagePart part);
 
+/// The popup menu that is open, of one thread or, with 0, of any program; null when there is none.
+[[nodiscard]] HWND find_menu(DWORD thread = 0);
+
 /// The controls of the pattern row in the order of their places.
 [[nodiscard]] std::vector<HWND> row_controls(HWND dialog);
 
 /// The edits among them: the text parts.
 [[nodiscard]] std::vector<HWND> part_edits(HWND dialog);
+
+/// The buttons among them: the wild and number parts.
+[[nodiscard]] std::vector<HWND> part_buttons(HWND dialog);
 
 /// Replaces the text of an edit by typing. True when the edit has come to hold just that.
 bool type_into(HWND edit, std::u16string_view text);

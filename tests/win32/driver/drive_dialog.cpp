@@ -3,6 +3,14 @@
 //     prepend PART TEXT  types in front of the text of the PART-th edit of the pattern row, counted from 0
 //     type PART TEXT     replaces the text of the PART-th edit of the pattern row, counted from 0, by typing
 //     press ID           presses the button with this number
+//     press-part PART    presses the PART-th button of the pattern row, counted from 0
+//     menu ID            opens the menu of the control with this number, and menu-part PART that of a row's button
+//     key CODE           presses a key, by its code, where the focus is or in the menu that is open
+//     focus ID           gives the control with this number the focus
+//     size WIDTH HEIGHT  gives the dialog this outer size, in pixels
+//     clipboard TEXT     puts the text on the clipboard
+//     press-in TITLE ID  presses a button of the dialog with this title
+//     wait-for TITLE     until a dialog with this title is there
 //     answer             closes the message box that the dialog shows
 //     wait-painted       until all of the dialog has been painted
 //     wait-closed        until the dialog is gone
@@ -14,6 +22,7 @@
 
 #include <shellapi.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <span>
 #include <string>
@@ -63,34 +72,100 @@ bool answer_message()
         driver::wait_until([box] { return IsWindow(box) == FALSE; });
 }
 
-ExitStatus drive(std::span<const std::u16string> words)
+bool press_part(std::size_t part)
+{
+    return driver::wait_until([part] {
+        const std::vector<HWND> buttons = driver::part_buttons(dialog());
+        return part < buttons.size() && driver::press(buttons[part]);
+    });
+}
+
+bool open_menu(HWND control)
+{
+    return driver::wait_until_active(control) &&
+        PostMessageW(control, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(control), MAKELPARAM(-1, -1)) != FALSE &&
+        driver::wait_until([] { return driver::find_menu() != nullptr; });
+}
+
+bool open_part_menu(std::size_t part)
+{
+    const std::vector<HWND> buttons = driver::part_buttons(dialog());
+    return part < buttons.size() && open_menu(buttons[part]);
+}
+
+bool press_key(WPARAM code)
+{
+    GUITHREADINFO info = {};
+    info.cbSize = sizeof info;
+    const DWORD thread = GetWindowThreadProcessId(dialog(), nullptr);
+    return GetGUIThreadInfo(thread, &info) != FALSE && PostMessageW(info.hwndFocus, WM_KEYDOWN, code, 1) != FALSE;
+}
+
+bool focus(int id)
+{
+    const HWND control = GetDlgItem(dialog(), id);
+    driver::ask(dialog(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control), TRUE);
+    return control != nullptr;
+}
+
+bool resize(int width, int height)
+{
+    return SetWindowPos(dialog(), nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE) != FALSE;
+}
+
+bool put_on_clipboard(const std::u16string& text)
+{
+    if (!driver::wait_until([] { return OpenClipboard(nullptr) != FALSE; }))
+        return false;
+    EmptyClipboard();
+    const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, (text.size() + 1) * sizeof(wchar_t));
+    auto* const place = static_cast<wchar_t*>(GlobalLock(block));
+    *std::copy(text.begin(), text.end(), place) = L'\0';
+    GlobalUnlock(block);
+    const bool is_there = SetClipboardData(CF_UNICODETEXT, block) != nullptr;
+    CloseClipboard();
+    return is_there;
+}
+
+using Words = std::span<const std::u16string>; ///< what stands behind a command
+
+int whole(const std::u16string& word) { return static_cast<int>(number(word)); }
+
+struct Command {
+    std::u16string_view name;
+    std::size_t words;
+    bool (*carry_out)(Words);
+};
+
+constexpr Command commands[] = {
+    {u"wait", 0, [](Words) { return driver::wait_until([] { return dialog() != nullptr; }); }},
+    {u"wait-for", 1, [](Words w) { return driver::wait_until([&w] { return driver::find_dialog(w[0]) != nullptr; }); }},
+    {u"wait-closed", 0, [](Words) { return driver::wait_until([] { return dialog() == nullptr; }); }},
+    {u"wait-painted", 0, [](Words) { return driver::wait_until_painted(dialog()); }},
+    {u"answer", 0, [](Words) { return answer_message(); }},
+    {u"type", 2, [](Words w) { return type(&driver::type_into, number(w[0]), w[1]); }},
+    {u"prepend", 2, [](Words w) { return type(&driver::type_in_front, number(w[0]), w[1]); }},
+    {u"press", 1, [](Words w) { return press(whole(w[0])); }},
+    {u"press-in", 2, [](Words w) { return driver::press(GetDlgItem(driver::find_dialog(w[0]), whole(w[1]))); }},
+    {u"press-part", 1, [](Words w) { return press_part(number(w[0])); }},
+    {u"menu", 1, [](Words w) { return open_menu(GetDlgItem(dialog(), whole(w[0]))); }},
+    {u"menu-part", 1, [](Words w) { return open_part_menu(number(w[0])); }},
+    {u"key", 1, [](Words w) { return press_key(number(w[0])); }},
+    {u"clipboard", 1, [](Words w) { return put_on_clipboard(w[0]); }},
+    {u"focus", 1, [](Words w) { return focus(whole(w[0])); }},
+    {u"size", 2, [](Words w) { return resize(whole(w[0]), whole(w[1])); }},
+};
+
+ExitStatus drive(Words words)
 {
     while (!words.empty()) {
-        bool happened = false;
-        std::size_t used = 1;
-        if (words[0] == u"wait") {
-            happened = driver::wait_until([] { return dialog() != nullptr; });
-        } else if (words[0] == u"wait-closed") {
-            happened = driver::wait_until([] { return dialog() == nullptr; });
-        } else if (words[0] == u"wait-painted") {
-            happened = driver::wait_until_painted(dialog());
-        } else if (words[0] == u"answer") {
-            happened = answer_message();
-        } else if (words[0] == u"type" && words.size() >= 3) {
-            happened = type(&driver::type_into, number(words[1]), words[2]);
-            used = 3;
-        } else if (words[0] == u"prepend" && words.size() >= 3) {
-            happened = type(&driver::type_in_front, number(words[1]), words[2]);
-            used = 3;
-        } else if (words[0] == u"press" && words.size() >= 2) {
-            happened = press(static_cast<int>(number(words[1])));
-            used = 2;
-        } else {
+        const auto command = std::ranges::find(commands, words.front(), &Command::name);
+        words = words.subspan(1);
+        if (command == std::end(commands) || words.size() < command->words)
             return NotUnderstood;
-        }
-        if (!happened)
+        if (!command->carry_out(words.first(command->words)))
             return DidNotHappen;
-        words = words.subspan(used);
+        words = words.subspan(command->words);
     }
     return Done;
 }

@@ -200,8 +200,7 @@ std::vector<std::u16string> OpenDialog::columns() const
 
 HWND OpenDialog::part_button(std::size_t index) const
 {
-    std::vector<HWND> buttons = driver::row_controls(dialog_);
-    std::erase_if(buttons, [](HWND control) { return GetDlgCtrlID(control) != IDC_PART_BUTTON; });
+    const std::vector<HWND> buttons = driver::part_buttons(dialog_);
     EXPECT_LT(index, buttons.size()) << "the row has no such button";
     return index < buttons.size() ? buttons[index] : nullptr;
 }

@@ -9,16 +9,6 @@
 namespace {
 
 constexpr UINT get_menu_message = 0x01E1; // what a popup's window answers with its menu
-constexpr const wchar_t* popup_class = L"#32768";
-
-HWND find_popup(DWORD thread)
-{
-    for (HWND window = nullptr; (window = FindWindowExW(nullptr, window, popup_class, nullptr)) != nullptr;) {
-        if (GetWindowThreadProcessId(window, nullptr) == thread && IsWindowVisible(window) != FALSE)
-            return window;
-    }
-    return nullptr;
-}
 
 } // namespace
 
@@ -36,7 +26,7 @@ void OpenMenu::open(LPARAM point)
     const DWORD thread = GetWindowThreadProcessId(control_, nullptr);
     PostMessageW(control_, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(control_), point);
     EXPECT_TRUE(driver::wait_until([&] {
-        popup_ = find_popup(thread);
+        popup_ = driver::find_menu(thread);
         return popup_ != nullptr;
     })) << "no menu came";
 }
