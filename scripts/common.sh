@@ -71,11 +71,11 @@ stop_wine() {
     wineserver -w > /dev/null 2>&1 || true
 }
 
-# Starts a virtual display of our own and names it in DISPLAY; its process is in display_process.
+# Starts a virtual display of our own, of $1 pixels, and names it in DISPLAY; its process is in display_process.
 start_display() {
     local number_file
     number_file=$(mktemp)
-    Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3> "$number_file" > /dev/null 2>&1 &
+    Xvfb -displayfd 3 -screen 0 "${1:-1280x1024}x24" -nolisten tcp 3> "$number_file" > /dev/null 2>&1 &
     display_process=$!
     local tries
     for tries in $(seq 100); do

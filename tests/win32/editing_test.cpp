@@ -183,3 +183,54 @@ TEST_F(Editing, PastingForbiddenCharactersIsRefused)
               warning(u"The text on the clipboard cannot be used to name the files, since it contains one of these "
                       u"characters which are not allowed in filenames:\n\\ / : * ? \" < > |"));
 }
+
+TEST_F(Editing, AClipboardThatIsInUseIsLeftAloneWithoutAWord)
+{
+    OpenDialog dialog(module, made({u"IMG_1.jpg", u"IMG_2.jpg"}));
+    put_on_clipboard(u"one\ntwo\n");
+    {
+        const UsedClipboard used;
+        driver::ask(dialog.control(IDC_COPY_NAMES), BM_CLICK);
+        driver::ask(dialog.control(IDC_PASTE_NAMES), BM_CLICK);
+    }
+    EXPECT_EQ(clipboard_text(), u"one\ntwo\n");
+    EXPECT_THAT(dialog.new_names(), ElementsAre(u"IMG_1.jpg", u"IMG_2.jpg"));
+    dialog.cancel(); // which a message would prevent
+}
+
+TEST_F(Editing, AClipboardWithoutTextIsPastedWithoutAWord)
+{
+    OpenDialog dialog(module, made({u"IMG_1.jpg", u"IMG_2.jpg"}));
+    empty_clipboard();
+    driver::ask(dialog.control(IDC_PASTE_NAMES), BM_CLICK);
+    EXPECT_THAT(dialog.new_names(), ElementsAre(u"IMG_1.jpg", u"IMG_2.jpg"));
+    dialog.cancel();
+}
+
+TEST_F(Editing, ALongFirstLineIsRefusedAndALongLaterOneJudged)
+{
+    OpenDialog dialog(module, made({u"IMG_1.jpg", u"IMG_2.jpg"}));
+    const std::u16string long_line(256, u'x');
+    put_on_clipboard(long_line + u"\nshort\n");
+    dialog.press(IDC_PASTE_NAMES);
+    EXPECT_EQ(dialog.take_message(),
+              warning(u"The text on the clipboard cannot be used to name the files, since at least one line is longer "
+                      u"than the maximum filename length allowed by Windows (255 characters)."));
+    put_on_clipboard(u"short\n" + long_line + u"\n");
+    dialog.press(IDC_PASTE_NAMES);
+    EXPECT_TRUE(driver::wait_until([&] { return images(dialog) == std::vector{ready_image, invalid_image}; }));
+}
+
+TEST_F(Editing, AnyProgramCanUseTheClipboardWhileAMessageIsShown)
+{
+    OpenDialog dialog(module, made({u"IMG_1.jpg", u"IMG_2.jpg"}));
+    put_on_clipboard(u"one\n");
+    dialog.press(IDC_PASTE_NAMES);
+    EXPECT_TRUE(driver::wait_until([&] { return IsWindowEnabled(dialog.handle()) == FALSE; }));
+    put_on_clipboard(u"one\ntwo\n");
+    static_cast<void>(dialog.take_message());
+    dialog.press(IDC_PASTE_NAMES);
+    EXPECT_TRUE(driver::wait_until([&] {
+        return dialog.new_names() == std::vector<std::u16string>{u"one.jpg", u"two.jpg"};
+    }));
+}

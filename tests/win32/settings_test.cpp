@@ -170,3 +170,87 @@ TEST_F(PartSettings, TheFocusNeverStaysInAControlThatTakesNoInput)
     EXPECT_TRUE(IsWindowEnabled(dialog.focus()));
     number.close_with(IDCANCEL);
 }
+
+TEST_F(PartSettings, AnEmptyLengthOfATruncatedPartIsAsGoodAsCleared)
+{
+    OpenDialog dialog(module, made({u"a one.txt", u"a six.txt"}));
+    const PartDialog wild = dialog.click_part(0, wild_title);
+    wild.press(IDC_TRUNCATE);
+    EXPECT_TRUE(wild.is_enabled(IDC_WILD_CLEAR_TEXT));
+    wild.type_into(IDC_LENGTH, u"");
+    EXPECT_FALSE(wild.is_enabled(IDC_WILD_CLEAR_TEXT));
+    wild.close_with(IDOK);
+    expect_names(dialog, {u"a .txt", u"a .txt"});
+}
+
+TEST_F(PartSettings, AWildPartGetsWhatItsControlsShowThoughNothingWasClicked)
+{
+    OpenDialog dialog(module, made({u"a one.txt", u"a six.txt"}));
+    const PartDialog wild = dialog.click_part(0, wild_title);
+    driver::ask(wild.control(IDC_CASE_STYLE), CB_SETCURSEL, upper_case_item);
+    driver::ask(wild.control(IDC_TRUNCATE), BM_SETCHECK, BST_CHECKED);
+    SetWindowTextW(wild.control(IDC_LENGTH), L"1");
+    wild.close_with(IDOK);
+    expect_names(dialog, {u"a O.txt", u"a S.txt"});
+}
+
+TEST_F(PartSettings, ResetOfAWildPartLeavesTheTypedLength)
+{
+    OpenDialog dialog(module, made({u"a one.txt", u"a six.txt"}));
+    const PartDialog wild = dialog.click_part(0, wild_title);
+    wild.press(IDC_TRUNCATE);
+    wild.type_into(IDC_LENGTH, u"25");
+    wild.select(IDC_CASE_STYLE, upper_case_item);
+    wild.press(IDC_WILD_RESET);
+    EXPECT_EQ(wild.text(IDC_LENGTH), u"25");
+    EXPECT_EQ(wild.text(IDC_CASE_STYLE), u"Unchanged");
+    wild.close_with(IDCANCEL);
+}
+
+TEST_F(PartSettings, ANumberGetsWhatItsControlsShowThoughNothingWasClicked)
+{
+    OpenDialog dialog(module, made({u"n7.txt", u"n12.txt"}));
+    const PartDialog number = dialog.click_part(0, number_title);
+    driver::ask(number.control(IDC_NUMBER_NO_CHANGE), BM_SETCHECK, BST_UNCHECKED);
+    driver::ask(number.control(IDC_NUMBER_RENUMBER), BM_SETCHECK, BST_CHECKED);
+    SetWindowTextW(number.control(IDC_START), L"40");
+    number.close_with(IDOK);
+    expect_names(dialog, {u"n40.txt", u"n45.txt"});
+}
+
+TEST_F(PartSettings, AnEmptyStartRenumbersFromZeroAndIsRemembered)
+{
+    OpenDialog dialog(module, made({u"n7.txt", u"n12.txt"}));
+    const PartDialog number = dialog.click_part(0, number_title);
+    number.press(IDC_NUMBER_RENUMBER);
+    number.type_into(IDC_START, u"");
+    number.close_with(IDOK);
+    expect_names(dialog, {u"n0.txt", u"n5.txt"});
+    EXPECT_EQ(EmptyUserStore::stored(u"NumberDlg Start"), 0U);
+}
+
+TEST_F(PartSettings, WithoutAnyChoiceTheTypedValuesAreRememberedAllTheSame)
+{
+    OpenDialog dialog(module, made({u"n7.txt", u"n12.txt"}));
+    {
+        const PartDialog number = dialog.click_part(0, number_title);
+        SetWindowTextW(number.control(IDC_START), L"9");
+        SetWindowTextW(number.control(IDC_DIGITS), L"6");
+        number.close_with(IDOK);
+    }
+    expect_names(dialog, {u"n7.txt", u"n12.txt"});
+    EXPECT_EQ(EmptyUserStore::stored(u"NumberDlg Start"), 9U);
+    EXPECT_EQ(EmptyUserStore::stored(u"NumberDlg NDigits"), 6U);
+    EXPECT_EQ(EmptyUserStore::stored(u"NumberDlg LeadZeros"), std::nullopt);
+}
+
+TEST_F(PartSettings, CancelOfANumberRemembersNothing)
+{
+    OpenDialog dialog(module, made({u"n7.txt", u"n12.txt"}));
+    const PartDialog number = dialog.click_part(0, number_title);
+    number.press(IDC_NUMBER_RENUMBER);
+    number.type_into(IDC_START, u"9");
+    number.close_with(IDCANCEL);
+    expect_names(dialog, {u"n7.txt", u"n12.txt"});
+    EXPECT_EQ(EmptyUserStore::stored(u"NumberDlg Start"), std::nullopt);
+}

@@ -72,10 +72,6 @@ struct FramePressed : Event<WM_NCLBUTTONDOWN> {
     LPARAM point;
     FramePressed(WPARAM w, LPARAM l) : place(w), point(l) { }
 };
-struct KeyPressed : Event<WM_KEYDOWN> {
-    WPARAM key;
-    KeyPressed(WPARAM w, LPARAM) : key(w) { }
-};
 
 /// A right click, or the keyboard's key for it.
 struct MenuWanted : Event<WM_CONTEXTMENU> {

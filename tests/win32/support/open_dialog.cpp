@@ -314,24 +314,27 @@ HWND OpenDialog::focus() const
     return info.hwndFocus;
 }
 
-namespace {
+UsedClipboard::UsedClipboard() :
+    owner_(CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr))
+{
+    EXPECT_TRUE(driver::wait_until([this] { return OpenClipboard(owner_) != FALSE; }));
+}
 
-class OpenClipboardHere {
-public:
-    OpenClipboardHere()
-    {
-        EXPECT_TRUE(driver::wait_until([] { return OpenClipboard(nullptr) != FALSE; }));
-    }
-    OpenClipboardHere(const OpenClipboardHere&) = delete;
-    OpenClipboardHere& operator=(const OpenClipboardHere&) = delete;
-    ~OpenClipboardHere() { CloseClipboard(); }
-};
+UsedClipboard::~UsedClipboard()
+{
+    CloseClipboard();
+    DestroyWindow(owner_);
+}
 
-} // namespace
+void empty_clipboard()
+{
+    const UsedClipboard open;
+    EmptyClipboard();
+}
 
 void put_on_clipboard(std::u16string_view text)
 {
-    const OpenClipboardHere open;
+    const UsedClipboard open;
     EmptyClipboard();
     const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, (text.size() + 1) * sizeof(wchar_t));
     auto* const place = static_cast<wchar_t*>(GlobalLock(block));
@@ -342,7 +345,7 @@ void put_on_clipboard(std::u16string_view text)
 
 std::optional<std::u16string> clipboard_text()
 {
-    const OpenClipboardHere open;
+    const UsedClipboard open;
     const HANDLE block = GetClipboardData(CF_UNICODETEXT);
     if (block == nullptr)
         return std::nullopt;

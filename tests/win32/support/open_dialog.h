@@ -141,5 +141,18 @@ private:
     HANDLE finished_ = nullptr; // set when the call came back
 };
 
+/// Keeps the clipboard from everybody else for as long as it lives.
+class UsedClipboard {
+public:
+    UsedClipboard();
+    UsedClipboard(const UsedClipboard&) = delete;
+    UsedClipboard& operator=(const UsedClipboard&) = delete;
+    ~UsedClipboard();
+
+private:
+    HWND owner_; // without one, the system takes every user of this program for the same
+};
+
+void empty_clipboard();
 void put_on_clipboard(std::u16string_view text);
 [[nodiscard]] std::optional<std::u16string> clipboard_text();
