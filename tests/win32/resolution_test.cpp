@@ -155,6 +155,24 @@ TEST_F(Resolution, ChangesWhileTheDialogIsOpen)
     EXPECT_EQ(icon_length(dialog), 16);
 }
 
+TEST_F(Resolution, ItsChangeMakesTheRowsFontsAnew)
+{
+    ScreenResolution screen(96);
+    const OpenDialog dialog(module, photos());
+    const auto font_of = [](HWND control) { return reinterpret_cast<HFONT>(driver::ask(control, WM_GETFONT)); };
+    const auto height = [&](HWND control) {
+        LOGFONTW description = {};
+        GetObjectW(font_of(control), sizeof description, &description);
+        return description.lfHeight;
+    };
+    const HFONT before = font_of(dialog.part_button(0));
+    screen.set(144);
+    resize_by(dialog, 100);
+    EXPECT_TRUE(driver::wait_until([&] { return font_of(dialog.part_button(0)) != before; }));
+    EXPECT_EQ(height(dialog.part_button(0)), height(dialog.handle()) * 4 / 3);
+    EXPECT_EQ(font_of(driver::part_edits(dialog.handle()).front()), font_of(dialog.handle()));
+}
+
 TEST_F(Resolution, OfTheScreenGivesTheSmallestSize)
 {
     const ScreenResolution screen(192);

@@ -61,6 +61,7 @@ std::span<const Route<ChangeTextDlg>> ChangeTextDlg::routes()
         on<&Me::resized>(),
         on<&Me::sizing>(),
         on<&Me::destroyed>(),
+        on<&Me::fonts_changed>(),
         on<&Me::list_drawn>(IDC_NAMES_LIST),
         on<&Me::list_item_wanted>(IDC_NAMES_LIST),
         on<&Me::reset>(IDC_RESET),
@@ -203,14 +204,20 @@ void ChangeTextDlg::destroyed(Destroyed)
 
 void ChangeTextDlg::dpi_changed(int, int new_dpi)
 {
-    // The system gives the dialog a font for the new resolution; ours follow it, but live on until nothing uses them.
+    row_.place(new_dpi);
+    names_list_.size_columns(new_dpi);
+    set_icon();
+    // The system may give the dialog another font only after this, so ours follow when all is done.
+    PostMessageW(handle(), FontsChanged::message, 0, 0);
+}
+
+void ChangeTextDlg::fonts_changed(FontsChanged)
+{
+    // The old ones live on until nothing uses them.
     const UniqueFont old_bold = std::exchange(bold_font_, UniqueFont());
     const UniqueFont old_part = std::exchange(part_font_, UniqueFont());
     make_fonts();
     row_.set_fonts({font(), part_font_.get()});
-    row_.place(new_dpi);
-    names_list_.size_columns(new_dpi);
-    set_icon();
 }
 
 void ChangeTextDlg::part_focused(EditFocused event)

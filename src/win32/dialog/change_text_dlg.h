@@ -47,10 +47,14 @@ private:
     void remove_files(const Rows& rows) override;
     void part_menu_wanted(HWND button, POINT at) override;
 
+    struct FontsChanged : Event<WM_APP> {
+        FontsChanged(WPARAM, LPARAM) { }
+    };
     static std::span<const Route<ChangeTextDlg>> routes();
     void resized(Resized event);
     void sizing(Sizing event);
     void destroyed(Destroyed);
+    void fonts_changed(FontsChanged);
     void part_focused(EditFocused event);
     void part_edited(EditChanged event);
     void part_clicked(Clicked event);
