@@ -112,3 +112,19 @@ still_picture() {
     done
     fail "The display never stood still."
 }
+
+# Makes the folder $1 anew with sample files: photos with gaps in their numbers, episodes and mixed extensions, all of
+# one journey.
+make_samples() {
+    rm -rf "$1"
+    mkdir -p "$1"
+    local name
+    for name in \
+        'Iceland 2024 - 001 Harbour.jpg' 'Iceland 2024 - 002 Harbour at night.jpg' 'Iceland 2024 - 003 Ferry.JPG' \
+        'Iceland 2024 - 007 Glacier.jpg' 'Iceland 2024 - 008 Glacier from the air.png' 'Iceland 2024 - 009 Geyser.jpg' \
+        'Iceland 2024 - 015 Föhn über Akureyri.heic' 'Iceland 2024 - 016 Þingvellir.jpg' 'Iceland 2024 - 021 Map.pdf' \
+        'Iceland 2024 - 101 The Crossing.mkv' 'Iceland 2024 - 102 Fire and Ice.mkv' \
+        'Iceland 2024 - 103 The Long Way Home.mkv' 'Iceland 2024 - 103 The Long Way Home.srt'; do
+        printf 'What %s holds.\n' "$name" > "$1/$name"
+    done
+}

@@ -103,7 +103,7 @@ bool ChangeTextDlg::OnInitDialog()
     tooltips_.create(handle());
     show_boxes();
     placement_.restore_size(dpi_.dpi());
-    place_controls();
+    place_controls(client_size());
     state_images_ = load_images(IDB_STATUS_READY, IDB_STATUS_INVALID, state_image_size);
     names_list_.set_state_images(state_images_.get());
     names_list_.fill(*run_);
@@ -125,9 +125,9 @@ void ChangeTextDlg::close_up_to_row() const
     placement_.shift(IDC_NAMES_LIST, down, false);
 }
 
-void ChangeTextDlg::place_controls()
+void ChangeTextDlg::place_controls(SIZE client) const
 {
-    placement_.apply(client_size(), dpi_.dpi());
+    placement_.apply(client, dpi_.dpi());
     size_grip_.place(dpi_.dpi());
 }
 
@@ -181,8 +181,7 @@ void ChangeTextDlg::resized(Resized event)
     if (event.is_minimised)
         return;
     dpi_.update(handle());
-    placement_.apply(event.client, dpi_.dpi());
-    size_grip_.place(dpi_.dpi());
+    place_controls(event.client);
     row_.place(dpi_.dpi());
     if (names_list_.column_count() > 0)
         names_list_.fill_width(dpi_.dpi());

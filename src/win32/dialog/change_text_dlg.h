@@ -67,7 +67,7 @@ private:
     LRESULT list_drawn(ListCustomDraw event);
 
     void close_up_to_row() const;
-    void place_controls();
+    void place_controls(SIZE client) const;
     void make_fonts();
     void set_icon();
     void build_row();

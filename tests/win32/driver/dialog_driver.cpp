@@ -164,4 +164,18 @@ bool press(HWND button)
     return wait_until_active(button) && PostMessageW(button, BM_CLICK, 0, 0) != FALSE;
 }
 
+bool put_on_clipboard(std::u16string_view text)
+{
+    if (!wait_until([] { return OpenClipboard(nullptr) != FALSE; }))
+        return false;
+    EmptyClipboard();
+    const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, (text.size() + 1) * sizeof(wchar_t));
+    auto* const place = static_cast<wchar_t*>(GlobalLock(block));
+    *std::copy(text.begin(), text.end(), place) = L'\0';
+    GlobalUnlock(block);
+    const bool is_there = SetClipboardData(CF_UNICODETEXT, block) != nullptr;
+    CloseClipboard();
+    return is_there;
+}
+
 } // namespace driver

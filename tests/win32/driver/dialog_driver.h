@@ -69,4 +69,7 @@ bool wait_until_active(HWND control);
 /// cannot be pressed or the dialog does not become active.
 bool press(HWND button);
 
+/// Puts the text on the clipboard, in place of whatever is there. True when it is there.
+bool put_on_clipboard(std::u16string_view text);
+
 } // namespace driver

@@ -113,20 +113,6 @@ bool resize(int width, int height)
     return SetWindowPos(dialog(), nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE) != FALSE;
 }
 
-bool put_on_clipboard(const std::u16string& text)
-{
-    if (!driver::wait_until([] { return OpenClipboard(nullptr) != FALSE; }))
-        return false;
-    EmptyClipboard();
-    const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, (text.size() + 1) * sizeof(wchar_t));
-    auto* const place = static_cast<wchar_t*>(GlobalLock(block));
-    *std::copy(text.begin(), text.end(), place) = L'\0';
-    GlobalUnlock(block);
-    const bool is_there = SetClipboardData(CF_UNICODETEXT, block) != nullptr;
-    CloseClipboard();
-    return is_there;
-}
-
 using Words = std::span<const std::u16string>; ///< what stands behind a command
 
 int whole(const std::u16string& word) { return static_cast<int>(number(word)); }
@@ -151,7 +137,7 @@ constexpr Command commands[] = {
     {u"menu", 1, [](Words w) { return open_menu(GetDlgItem(dialog(), whole(w[0]))); }},
     {u"menu-part", 1, [](Words w) { return open_part_menu(number(w[0])); }},
     {u"key", 1, [](Words w) { return press_key(number(w[0])); }},
-    {u"clipboard", 1, [](Words w) { return put_on_clipboard(w[0]); }},
+    {u"clipboard", 1, [](Words w) { return driver::put_on_clipboard(w[0]); }},
     {u"focus", 1, [](Words w) { return focus(whole(w[0])); }},
     {u"size", 2, [](Words w) { return resize(whole(w[0]), whole(w[1])); }},
 };

@@ -332,16 +332,7 @@ void empty_clipboard()
     EmptyClipboard();
 }
 
-void put_on_clipboard(std::u16string_view text)
-{
-    const UsedClipboard open;
-    EmptyClipboard();
-    const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, (text.size() + 1) * sizeof(wchar_t));
-    auto* const place = static_cast<wchar_t*>(GlobalLock(block));
-    *std::copy(text.begin(), text.end(), place) = L'\0';
-    GlobalUnlock(block);
-    SetClipboardData(CF_UNICODETEXT, block);
-}
+void put_on_clipboard(std::u16string_view text) { EXPECT_TRUE(driver::put_on_clipboard(text)); }
 
 std::optional<std::u16string> clipboard_text()
 {
