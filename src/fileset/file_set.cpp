@@ -39,7 +39,6 @@ Status folder_status(const RenameFolder& folder)
 
 bool FileSet::add_paths(std::span<const std::u16string> paths)
 {
-    bool any_listed = false;
     std::shared_ptr<RenameFolder> current;
     for (const std::u16string& path : paths) {
         if (path.size() >= first_too_long_path)
@@ -57,26 +56,40 @@ bool FileSet::add_paths(std::span<const std::u16string> paths)
                 directory->push_back(u'\\');
             current = find_or_add_folder(*directory);
         }
-        if (current->entries == nullptr)
-            current->load(disk_);
-        const auto entry = current->find(name);
-        if (entry == nullptr)
-            continue;
-        entry->not_listed = false;
-        listed.push_back(entry);
-        any_listed = true;
-        if (!entry->is_folder)
-            has_plain_file = true;
+        list_entry(*current, name);
     }
-    return any_listed;
+    return !listed.empty();
+}
+
+std::shared_ptr<Filename> FileSet::add_entry(std::u16string_view folder_path, std::u16string_view name)
+{
+    return list_entry(*find_or_add_folder(folder_path), name);
+}
+
+std::shared_ptr<Filename> FileSet::list_entry(RenameFolder& folder, std::u16string_view name)
+{
+    if (folder.entries == nullptr)
+        folder.load(disk_);
+    auto entry = folder.find(name);
+    if (entry == nullptr)
+        return nullptr;
+    entry->not_listed = false;
+    listed.push_back(entry);
+    if (!entry->is_folder)
+        has_plain_file = true;
+    return entry;
 }
 
 std::shared_ptr<RenameFolder> FileSet::find_or_add_folder(std::u16string_view folder_path)
 {
     const std::u16string key = name_key(folder_path);
-    const auto sorts_before = [](const auto& folder, const std::u16string& wanted) { return folder->key < wanted; };
+    const bool by_case = disk_.tells_folders_apart_by_case();
+    const auto sorts_before = [&](const auto& folder, const std::u16string& wanted) {
+        const int order = folder->key.compare(wanted);
+        return order < 0 || (order == 0 && by_case && folder->path < folder_path);
+    };
     const auto place = std::lower_bound(folders.begin(), folders.end(), key, sorts_before);
-    if (place != folders.end() && (*place)->key == key)
+    if (place != folders.end() && (*place)->key == key && (!by_case || (*place)->path == folder_path))
         return *place;
     return *folders.insert(place, std::make_shared<RenameFolder>(folder_path));
 }

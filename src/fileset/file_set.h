@@ -36,7 +36,7 @@ public:
     FileSet(const FileSet&) = delete;
     FileSet& operator=(const FileSet&) = delete;
 
-    /// All folders, ordered by their keys.
+    /// All folders, ordered by their keys, and by their paths where folders are told apart by case.
     std::vector<std::shared_ptr<RenameFolder>> folders;
     Status summary_status = Status::Ready; ///< see `summarise`
     bool any_planned = false;
@@ -52,7 +52,12 @@ public:
     /// listed.
     bool add_paths(std::span<const std::u16string> paths);
 
-    /// The folder with this path, compared without regard to case; made, though not yet read, when it is new.
+    /// Lists the entry of that name in the folder whose path, ending in "\", is given, however long they are. Null,
+    /// and nothing is done, when the folder has no such entry.
+    std::shared_ptr<Filename> add_entry(std::u16string_view folder_path, std::u16string_view name);
+
+    /// The folder with this path, compared without regard to case unless the disk tells folders apart by it; made,
+    /// though not yet read, when it is new.
     std::shared_ptr<RenameFolder> find_or_add_folder(std::u16string_view folder_path);
 
     /// Sets `in_scope` of every listed entry, and empties the new name of those out of scope. True when any changed.
@@ -83,6 +88,8 @@ public:
     }
 
 private:
+    std::shared_ptr<Filename> list_entry(RenameFolder& folder, std::u16string_view name);
+
     Disk& disk_;
 };
 

@@ -473,5 +473,45 @@ TEST(FileSet, FoldersOfManyEntriesFindEachOfThem)
     EXPECT_EQ(listed_names(files), names);
 }
 
+TEST(FileSet, AnEntryIsAddedHoweverLongItsPathIs)
+{
+    const std::u16string folder = u"C:\\" + std::u16string(300, u'd') + u"\\";
+    const std::u16string name(255, u'n');
+    FakeDisk disk;
+    disk.with(folder, {name});
+    FileSet files(disk);
+    EXPECT_EQ(files.add_entry(folder, u"absent"), nullptr);
+    EXPECT_TRUE(files.listed.empty());
+    EXPECT_FALSE(files.has_plain_file);
+    const auto entry = files.add_entry(folder, name);
+    ASSERT_NE(entry, nullptr);
+    EXPECT_FALSE(entry->not_listed);
+    EXPECT_EQ(files.listed.front(), entry);
+    EXPECT_TRUE(files.has_plain_file);
+    EXPECT_EQ(disk.listings.size(), 1U);
+}
+
+TEST(FileSet, FoldersWhosePathsDifferOnlyInCaseAreTwoWhereTheDiskTellsThemApart)
+{
+    FakeDisk disk;
+    disk.tells_case_apart = true;
+    disk.with(u"C:\\a\\", {u"x"}).with(u"C:\\A\\", {u"x"});
+    FileSet files(disk);
+    ASSERT_TRUE(files.add_paths(Names{u"C:\\a\\x", u"C:\\A\\x", u"C:\\a\\x"}));
+    ASSERT_EQ(files.folders.size(), 2U);
+    EXPECT_EQ(files.folders[0]->path, u"C:\\A\\");
+    EXPECT_EQ(files.folders[1]->path, u"C:\\a\\");
+    EXPECT_NE(files.listed[0], files.listed[1]);
+    EXPECT_EQ(files.listed[0], files.listed[2]);
+}
+
+TEST(FileSet, TheScopeIsMarkedWithoutRegardToCaseEverywhere)
+{
+    TestFiles test({u"IMG_1", u"img_2"}, {}, true);
+    test.files.mark_scope({u"Img_#", u"IMG_#", true});
+    EXPECT_TRUE(test.entry(u"IMG_1").in_scope);
+    EXPECT_TRUE(test.entry(u"img_2").in_scope);
+}
+
 } // namespace
 } // namespace multirename

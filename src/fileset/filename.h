@@ -47,24 +47,23 @@ struct Filename {
 
 /// Orders entries by their keys, code unit by code unit: no natural order of digit runs, no locale.
 struct FilenameSorter {
-    using is_transparent = void;
     bool operator()(const std::shared_ptr<Filename>& a, const std::shared_ptr<Filename>& b) const noexcept
     {
         return a->key < b->key;
     }
-    bool operator()(const std::shared_ptr<Filename>& a, std::u16string_view key) const noexcept { return a->key < key; }
 };
 
-/// The entries of a folder, sorted by `FilenameSorter`, no two with one key.
+/// The entries of a folder, sorted by `FilenameSorter`, no two with one key; or, where names that differ only in case
+/// are told apart, no two with one name, and those with one key sorted by their names.
 class FilenameSet {
 public:
     FilenameSet() = default;
 
-    /// Of entries with one key the first stays. O(n log n).
-    explicit FilenameSet(std::vector<std::shared_ptr<Filename>> entries);
+    /// Of entries with one key, or one name where case is told apart, the first stays. O(n log n).
+    explicit FilenameSet(std::vector<std::shared_ptr<Filename>> entries, bool tells_case_apart = false);
 
-    /// The entry with exactly this key, or null. O(log n).
-    [[nodiscard]] std::shared_ptr<Filename> find(std::u16string_view key) const noexcept;
+    /// The entry with exactly this key, and this name where case is told apart, or null. O(log n).
+    [[nodiscard]] std::shared_ptr<Filename> find(std::u16string_view key, std::u16string_view name) const noexcept;
 
     [[nodiscard]] std::size_t size() const noexcept { return entries_.size(); }
     [[nodiscard]] bool empty() const noexcept { return entries_.empty(); }
@@ -73,6 +72,7 @@ public:
 
 private:
     std::vector<std::shared_ptr<Filename>> entries_;
+    bool tells_case_apart_ = false;
 };
 
 /// The part of a name before its last ".", or the whole name when it has none.

@@ -23,13 +23,13 @@ std::vector<std::u16string> names_of(const FilenameSet& set)
     return names;
 }
 
-FilenameSet set_of(const std::vector<std::u16string>& names)
+FilenameSet set_of(const std::vector<std::u16string>& names, bool tells_case_apart = false)
 {
     std::vector<std::shared_ptr<Filename>> entries;
     entries.reserve(names.size());
     for (const std::u16string& name : names)
         entries.push_back(entry_named(name));
-    return FilenameSet(std::move(entries));
+    return FilenameSet(std::move(entries), tells_case_apart);
 }
 
 using Names = std::vector<std::u16string>;
@@ -95,11 +95,21 @@ TEST(FilenameSet, TheFirstOfEntriesWithOneKeyStays)
 TEST(FilenameSet, FindsByKey)
 {
     const FilenameSet set = set_of({u"Beta", u"alpha"});
-    ASSERT_NE(set.find(u"BETA"), nullptr);
-    EXPECT_EQ(set.find(u"BETA")->name, u"Beta");
-    EXPECT_EQ(set.find(u"BET"), nullptr);
-    EXPECT_EQ(set.find(u"BETAX"), nullptr);
-    EXPECT_EQ(FilenameSet().find(u"BETA"), nullptr);
+    ASSERT_NE(set.find(u"BETA", u"beta"), nullptr);
+    EXPECT_EQ(set.find(u"BETA", u"beta")->name, u"Beta");
+    EXPECT_EQ(set.find(u"BET", u"bet"), nullptr);
+    EXPECT_EQ(set.find(u"BETAX", u"betax"), nullptr);
+    EXPECT_EQ(FilenameSet().find(u"BETA", u"beta"), nullptr);
+}
+
+TEST(FilenameSet, WhereCaseIsToldApartNamesThatDifferOnlyInItStandSideBySide)
+{
+    const FilenameSet set = set_of({u"ab", u"x", u"AB", u"Ab", u"ab", u"AA"}, true);
+    EXPECT_EQ(names_of(set), (Names{u"AA", u"AB", u"Ab", u"ab", u"x"}));
+    ASSERT_NE(set.find(u"AB", u"Ab"), nullptr);
+    EXPECT_EQ(set.find(u"AB", u"Ab")->name, u"Ab");
+    EXPECT_EQ(set.find(u"AB", u"aB"), nullptr);
+    EXPECT_EQ(set.find(u"X", u"X"), nullptr);
 }
 
 TEST(NameSplit, IsAtTheLastPeriod)

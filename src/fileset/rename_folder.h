@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <vector>
 
 #include "fileset/filename.h"
@@ -18,6 +19,8 @@ struct RenameFolder {
     std::u16string key; ///< `path` in upper case
     std::u16string path; ///< as the first path that named it spelled it, ending in "\"
     std::shared_ptr<FilenameSet> entries; ///< null until the folder is first listed
+    bool tells_case_apart = false; ///< names that differ only in case are different names here
+    std::error_code listing_error; ///< why the folder could not be read, when it could not
     std::vector<std::shared_ptr<Filename>> rename_order; ///< the entries to rename, in an order that is safe
     std::uint64_t next_sequence = 0; ///< what the next entry of this folder in the names list is numbered
 
@@ -25,8 +28,12 @@ struct RenameFolder {
     /// else that the old records held is lost. A folder that cannot be read becomes empty.
     void load(Disk& disk);
 
-    /// The entry that has this name, compared without regard to case; null when there is none or nothing was listed.
+    /// The entry that has this name, compared without regard to case unless the folder tells case apart; null when
+    /// there is none or nothing was listed.
     [[nodiscard]] std::shared_ptr<Filename> find(std::u16string_view name) const;
+
+    /// What two names have in common exactly when this folder takes them for one.
+    [[nodiscard]] std::u16string identity(std::u16string_view name) const;
 };
 
 } // namespace multirename

@@ -123,5 +123,33 @@ TEST(RenameFolder, ListedAgainItKeepsTheMarksOfListedEntriesAndNothingElse)
     EXPECT_EQ(folder.find(u"gone"), nullptr);
 }
 
+TEST(RenameFolder, WhereCaseIsToldApartFindsNamesExactly)
+{
+    FakeDisk disk;
+    disk.tells_case_apart = true;
+    disk.with(u"C:\\A\\", {u"a", u"A"});
+    RenameFolder folder(u"C:\\A\\");
+    folder.load(disk);
+    ASSERT_EQ(folder.entries->size(), 2U);
+    EXPECT_EQ(folder.find(u"a")->name, u"a");
+    EXPECT_EQ(folder.find(u"A")->name, u"A");
+    EXPECT_NE(folder.identity(u"b"), folder.identity(u"B"));
+    folder.find(u"A")->not_listed = false;
+    folder.load(disk);
+    EXPECT_FALSE(folder.find(u"A")->not_listed);
+    EXPECT_TRUE(folder.find(u"a")->not_listed);
+}
+
+TEST(RenameFolder, TellsWhyItCouldNotBeRead)
+{
+    FakeDisk disk;
+    RenameFolder folder(u"C:\\Absent\\");
+    folder.load(disk);
+    EXPECT_EQ(folder.listing_error, std::errc::no_such_file_or_directory);
+    disk.with(u"C:\\Absent\\", {});
+    folder.load(disk);
+    EXPECT_FALSE(folder.listing_error);
+}
+
 } // namespace
 } // namespace multirename

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <vector>
 
 #include "platform/file_time.h"
@@ -20,6 +21,16 @@ struct DirectoryEntry {
     FileTime last_write = 0;
 };
 
+/// What is known of a folder once it has been read.
+struct FolderListing {
+    /// In no particular order, without the folder itself and its parent.
+    std::vector<DirectoryEntry> entries;
+    /// Names of this folder that differ only in case belong to different entries.
+    bool tells_case_apart = false;
+    /// Set when the folder could not be read; it has no entries then.
+    std::error_code error;
+};
+
 /// The names on disk, as far as they can be read. Paths have "\" between their parts on every system.
 class Disk {
 public:
@@ -28,9 +39,11 @@ public:
     Disk(const Disk&) = delete;
     Disk& operator=(const Disk&) = delete;
 
-    /// Every entry of the folder whose path, ending in "\", is given, in no particular order and without the folder
-    /// itself and its parent. A folder that cannot be read has no entries.
-    [[nodiscard]] virtual std::vector<DirectoryEntry> list_folder(std::u16string_view folder_path) = 0;
+    /// Reads the folder whose path, ending in "\", is given.
+    [[nodiscard]] virtual FolderListing list_folder(std::u16string_view folder_path) = 0;
+
+    /// Paths of folders that differ only in case may name different folders.
+    [[nodiscard]] virtual bool tells_folders_apart_by_case() = 0;
 
     /// The working directory, or nothing when it cannot be told or has 260 characters or more.
     [[nodiscard]] virtual std::optional<std::u16string> working_directory() = 0;

@@ -44,7 +44,7 @@ protected:
 
     [[nodiscard]] std::vector<DirectoryEntry> listing() const
     {
-        auto entries = system_disk().list_folder(engine_path(folder_) + u"\\");
+        auto entries = system_disk().list_folder(engine_path(folder_) + u"\\").entries;
         std::ranges::sort(entries, {}, &DirectoryEntry::name);
         return entries;
     }
@@ -126,12 +126,15 @@ TEST_F(SystemDisk, TellsTimesOfOurOwnDays)
     EXPECT_TRUE(entry.created == 0 || entry.created > start_of_2020); // 0: this file system keeps no such time
 }
 
-TEST_F(SystemDisk, AFolderThatCannotBeReadHasNoEntries)
+TEST_F(SystemDisk, AFolderThatCannotBeReadHasNoEntriesAndTellsWhy)
 {
     write("file", "");
-    EXPECT_TRUE(system_disk().list_folder(engine_path(folder_ / "absent") + u"\\").empty());
-    EXPECT_TRUE(system_disk().list_folder(engine_path(folder_ / "file") + u"\\").empty());
-    EXPECT_TRUE(listing().size() == 1);
+    for (const char* name : {"absent", "file"}) {
+        const FolderListing unreadable = system_disk().list_folder(engine_path(folder_ / name) + u"\\");
+        EXPECT_TRUE(unreadable.entries.empty());
+        EXPECT_TRUE(unreadable.error);
+    }
+    EXPECT_EQ(listing().size(), 1U);
 }
 
 TEST_F(SystemDisk, KnowsTheWorkingDirectory)

@@ -7,7 +7,6 @@
 #include <unordered_map>
 #include <vector>
 
-#include "platform/name_key.h"
 #include "rename/rename_order.h"
 
 namespace multirename {
@@ -56,7 +55,7 @@ void judge_duplicates(const RenameFolder& folder)
     for (const auto& entry : *folder.entries) {
         if (!entry->in_scope)
             continue;
-        const auto [first, is_new] = first_with_name.emplace(name_key(entry->new_name), entry.get());
+        const auto [first, is_new] = first_with_name.emplace(folder.identity(entry->new_name), entry.get());
         if (!is_new) {
             mark(*first->second);
             mark(*entry);

@@ -10,7 +10,7 @@ namespace multirename {
 /// TooLong) when it may not get that name, and otherwise Ready and part of the rename order. A name of another entry
 /// may be taken only when that entry takes part and moves away first; entries that could only move with the help of a
 /// temporary name, those of a swap or a longer cycle, are ExistingName.
-/// Names are compared through their keys; only Unchanged is judged with case.
+/// Names are compared as the folder compares them; Unchanged is judged with case everywhere.
 void check_folder(RenameFolder& folder);
 
 /// `check_folder` for every folder.

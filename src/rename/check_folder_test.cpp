@@ -374,5 +374,34 @@ TEST(CheckFolder, AnOrderThatNothingForbidsNeverLandsOnANameInUse)
     EXPECT_GT(carried_out, 100);
 }
 
+TEST(CheckFolder, WhereCaseIsToldApartNamesThatDifferOnlyInItDoNotClash)
+{
+    TestFiles test({u"a", u"b", u"c", u"d"}, {u"x"}, true);
+    test.files.mark_scope({});
+    const auto wish = [&test](std::u16string_view name, std::u16string_view new_name) {
+        test.entry(name).new_name = new_name;
+    };
+    wish(u"a", u"NEW");
+    wish(u"b", u"new");
+    wish(u"c", u"X");
+    wish(u"d", u"x");
+    check_all(test.files);
+    EXPECT_EQ(test.entry(u"a").status, Status::Ready);
+    EXPECT_EQ(test.entry(u"b").status, Status::Ready);
+    EXPECT_EQ(test.entry(u"c").status, Status::Ready);
+    EXPECT_EQ(test.entry(u"d").status, Status::ExistingName);
+}
+
+TEST(CheckFolder, WhereCaseIsToldApartAChangeOfCaseMayMeetAnotherEntry)
+{
+    TestFiles test({u"a", u"b"}, {u"A"}, true);
+    test.files.mark_scope({});
+    test.entry(u"a").new_name = u"A";
+    test.entry(u"b").new_name = u"B";
+    check_all(test.files);
+    EXPECT_EQ(test.entry(u"a").status, Status::ExistingName);
+    EXPECT_EQ(test.entry(u"b").status, Status::Ready);
+}
+
 } // namespace
 } // namespace multirename

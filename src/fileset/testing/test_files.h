@@ -20,8 +20,10 @@ public:
     FileSet files{disk};
 
     /// `listed` are the host's paths in their order, `beside` the further entries that exist.
-    explicit TestFiles(const std::vector<std::u16string>& listed, const std::vector<std::u16string>& beside = {})
+    explicit TestFiles(const std::vector<std::u16string>& listed, const std::vector<std::u16string>& beside = {},
+                       bool tells_case_apart = false)
     {
+        disk.tells_case_apart = tells_case_apart;
         std::vector<std::u16string> paths;
         paths.reserve(listed.size());
         for (const std::u16string& path : listed)

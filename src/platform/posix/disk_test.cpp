@@ -34,7 +34,7 @@ protected:
     [[nodiscard]] std::vector<std::u16string> names() const
     {
         std::vector<std::u16string> all;
-        for (const DirectoryEntry& entry : system_disk().list_folder(path_from_bytes(folder_.string() + "/")))
+        for (const DirectoryEntry& entry : system_disk().list_folder(path_from_bytes(folder_.string() + "/")).entries)
             all.push_back(entry.name);
         std::ranges::sort(all);
         return all;
@@ -70,9 +70,23 @@ TEST_F(PosixDiskTest, ALinkIsListedAsTheLinkItIs)
     fs::create_directory(folder_ / "target");
     fs::create_directory_symlink(folder_ / "target", folder_ / "link");
     fs::create_symlink("nowhere", folder_ / "broken");
-    for (const DirectoryEntry& entry : system_disk().list_folder(path_from_bytes(folder_.string() + "/")))
+    for (const DirectoryEntry& entry : system_disk().list_folder(path_from_bytes(folder_.string() + "/")).entries)
         EXPECT_EQ(entry.is_folder, entry.name == u"target");
     EXPECT_EQ(names().size(), 3U);
+}
+
+TEST_F(PosixDiskTest, AFolderThatTellsCaseApartSaysSo)
+{
+    const auto says_so = [this] {
+        return system_disk().list_folder(path_from_bytes(folder_.string() + "/")).tells_case_apart;
+    };
+    EXPECT_TRUE(says_so());
+    std::ofstream(folder_ / "123").put('x');
+    EXPECT_TRUE(says_so());
+    std::ofstream(folder_ / "name").put('x');
+    EXPECT_TRUE(says_so());
+    fs::create_hard_link(folder_ / "name", folder_ / "Name"); // the same entry under the name in the other case
+    EXPECT_TRUE(says_so());
 }
 
 TEST_F(PosixDiskTest, AWorkingDirectoryOf259CharactersIsToldAndALongerOneIsNot)

@@ -15,6 +15,7 @@ public:
     std::map<std::u16string, std::vector<DirectoryEntry>> folders;
     std::optional<std::u16string> directory;
     std::vector<std::u16string> listings;
+    bool tells_case_apart = false; ///< for names and for folders
 
     /// Adds a folder of plain files.
     FakeDisk& with(const std::u16string& folder_path, const std::vector<std::u16string>& names)
@@ -33,12 +34,16 @@ public:
         return folders[folder_path].emplace_back(std::move(entry));
     }
 
-    std::vector<DirectoryEntry> list_folder(std::u16string_view folder_path) override
+    FolderListing list_folder(std::u16string_view folder_path) override
     {
         const auto& asked = listings.emplace_back(folder_path);
         const auto found = folders.find(asked);
-        return found == folders.end() ? std::vector<DirectoryEntry>() : found->second;
+        if (found == folders.end())
+            return {{}, tells_case_apart, std::make_error_code(std::errc::no_such_file_or_directory)};
+        return {found->second, tells_case_apart, {}};
     }
+
+    bool tells_folders_apart_by_case() override { return tells_case_apart; }
 
     std::optional<std::u16string> working_directory() override { return directory; }
 };

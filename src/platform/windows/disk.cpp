@@ -29,14 +29,16 @@ bool is_link_to_itself_or_parent(const WIN32_FIND_DATAW& found)
 
 class WindowsDisk final : public Disk {
 public:
-    std::vector<DirectoryEntry> list_folder(std::u16string_view folder_path) override
+    FolderListing list_folder(std::u16string_view folder_path) override
     {
-        std::vector<DirectoryEntry> entries;
+        FolderListing listing;
         WIN32_FIND_DATAW found{};
         const UniqueHandle<FindTraits> search(
             FindFirstFileW(to_wide(listing_search_text(folder_path)).c_str(), &found));
-        if (!search)
-            return entries;
+        if (!search) {
+            listing.error = {static_cast<int>(GetLastError()), std::system_category()};
+            return listing;
+        }
         do {
             if (is_link_to_itself_or_parent(found))
                 continue;
@@ -47,10 +49,12 @@ public:
             entry.size = joined(found.nFileSizeHigh, found.nFileSizeLow);
             entry.created = file_time(found.ftCreationTime);
             entry.last_write = file_time(found.ftLastWriteTime);
-            entries.push_back(std::move(entry));
+            listing.entries.push_back(std::move(entry));
         } while (FindNextFileW(search.get(), &found));
-        return entries;
+        return listing;
     }
+
+    bool tells_folders_apart_by_case() override { return false; }
 
     std::optional<std::u16string> working_directory() override
     {

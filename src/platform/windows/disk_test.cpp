@@ -52,7 +52,7 @@ TEST_F(WindowsDiskTest, TellsTheCreationTime)
     FILETIME created{};
     EXPECT_TRUE(GetFileTime(file, &created, nullptr, nullptr));
     CloseHandle(file);
-    const auto entries = system_disk().list_folder(from_wide(folder_));
+    const auto entries = system_disk().list_folder(from_wide(folder_)).entries;
     ASSERT_EQ(entries.size(), 1U);
     EXPECT_EQ(entries[0].created, FileTime{created.dwHighDateTime} << 32 | created.dwLowDateTime);
 }
@@ -66,7 +66,7 @@ TEST_F(WindowsDiskTest, ListsFoldersBeyond260Characters)
         ASSERT_TRUE(CreateDirectoryW((L"\\\\?\\" + deep_).c_str(), nullptr));
     }
     ASSERT_TRUE(make_file(L"\\\\?\\" + deep_ + file_));
-    const auto entries = system_disk().list_folder(from_wide(deep_));
+    const auto entries = system_disk().list_folder(from_wide(deep_)).entries;
     ASSERT_EQ(entries.size(), 1U);
     EXPECT_EQ(entries[0].name, u"f.txt");
 }
