@@ -66,6 +66,14 @@ std::shared_ptr<Filename> FileSet::add_entry(std::u16string_view folder_path, st
     return list_entry(*find_or_add_folder(folder_path), name);
 }
 
+RenameFolder& FileSet::open_folder(std::u16string_view folder_path)
+{
+    RenameFolder& folder = *find_or_add_folder(folder_path);
+    if (folder.entries == nullptr)
+        folder.load(disk_);
+    return folder;
+}
+
 std::shared_ptr<Filename> FileSet::list_entry(RenameFolder& folder, std::u16string_view name)
 {
     if (folder.entries == nullptr)

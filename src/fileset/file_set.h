@@ -56,6 +56,9 @@ public:
     /// and nothing is done, when the folder has no such entry.
     std::shared_ptr<Filename> add_entry(std::u16string_view folder_path, std::u16string_view name);
 
+    /// The folder with this path, ending in "\", read when it was not yet.
+    RenameFolder& open_folder(std::u16string_view folder_path);
+
     /// The folder with this path, compared without regard to case unless the disk tells folders apart by it; made,
     /// though not yet read, when it is new.
     std::shared_ptr<RenameFolder> find_or_add_folder(std::u16string_view folder_path);

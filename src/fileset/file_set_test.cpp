@@ -513,5 +513,17 @@ TEST(FileSet, TheScopeIsMarkedWithoutRegardToCaseEverywhere)
     EXPECT_TRUE(test.entry(u"img_2").in_scope);
 }
 
+TEST(FileSet, AFolderIsOpenedOnceAndListsNothingByThat)
+{
+    FakeDisk disk;
+    disk.with(u"C:\\A\\", {u"x"});
+    FileSet files(disk);
+    EXPECT_EQ(files.open_folder(u"C:\\A\\").entries->size(), 1U);
+    EXPECT_EQ(&files.open_folder(u"c:\\a\\"), &files.open_folder(u"C:\\A\\"));
+    EXPECT_EQ(disk.listings.size(), 1U);
+    EXPECT_TRUE(files.listed.empty());
+    EXPECT_TRUE(files.open_folder(u"C:\\Absent\\").listing_error);
+}
+
 } // namespace
 } // namespace multirename

@@ -42,6 +42,7 @@ struct Filename {
     std::uint32_t sequence = 0; ///< position in the names list, from 0
     std::uint32_t folder_sequence = 0; ///< position among its folder's entries in the names list, from 0
     std::u16string new_name;
+    bool is_hidden = false; ///< listings of its folder leave it out unless asked for it
     RenameFolder* folder = nullptr; ///< the folder that holds this record; it outlives the record's use
 };
 

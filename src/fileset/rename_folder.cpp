@@ -22,6 +22,7 @@ void RenameFolder::load(Disk& disk)
         record->created = entry.created;
         record->size = entry.size;
         record->read_only = entry.read_only;
+        record->is_hidden = entry.is_hidden;
         record->folder = this;
         records.push_back(std::move(record));
     }

@@ -16,6 +16,7 @@ struct DirectoryEntry {
     std::u16string name;
     bool is_folder = false;
     bool read_only = false;
+    bool is_hidden = false; ///< by a period in front of its name, or by the attribute that Windows has for it
     std::uint64_t size = 0; // bytes
     FileTime created = 0;
     FileTime last_write = 0;

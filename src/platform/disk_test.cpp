@@ -106,6 +106,14 @@ TEST_F(SystemDisk, TellsReadOnlyFilesFromOthers)
     EXPECT_TRUE(listed(u"closed").read_only);
 }
 
+TEST_F(SystemDisk, TellsHiddenEntriesFromOthers)
+{
+    write(".hidden", "");
+    write("shown.txt", "");
+    EXPECT_TRUE(listed(u".hidden").is_hidden);
+    EXPECT_FALSE(listed(u"shown.txt").is_hidden);
+}
+
 TEST_F(SystemDisk, TellsTheLastWriteInUnitsOf100Nanoseconds)
 {
     write("early", "");

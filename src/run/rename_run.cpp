@@ -5,6 +5,7 @@
 #include <numeric>
 #include <utility>
 
+#include "pattern/match_name.h"
 #include "pattern/new_name.h"
 #include "pattern/number_part.h"
 #include "pattern/pattern_analyser.h"
@@ -136,13 +137,20 @@ std::u16string RenameRun::part_description(std::size_t part) const
 
 bool RenameRun::set_part_text(std::size_t part, std::u16string_view text)
 {
+    const bool is_new = change_part_text(part, text);
+    if (is_new)
+        refresh_names();
+    return is_new;
+}
+
+bool RenameRun::change_part_text(std::size_t part, std::u16string_view text)
+{
     NamePart& edited = this->part(part);
     assert(edited.kind == NamePartKind::Text);
     text = text.substr(0, BoundedText::capacity);
     if (text == edited.text)
         return false;
     edited.setText(text);
-    refresh_names();
     return true;
 }
 
@@ -202,6 +210,11 @@ RowView RenameRun::row(std::size_t row) const
 {
     const Filename& entry = *rows_[row];
     return {entry.name, entry.new_name, entry.folder->path, image_of(entry.status), entry.manual_name};
+}
+
+bool RenameRun::fits_pattern(std::size_t row) const
+{
+    return matchName(described_name(pattern(), rows_[row]->name), pattern().parts).matched;
 }
 
 std::optional<Message> RenameRun::remove_rows(std::span<const std::size_t> rows)

@@ -95,6 +95,9 @@ public:
     /// has that text already.
     bool set_part_text(std::size_t part, std::u16string_view text);
 
+    /// The same without making the new names, for many edits at once; `refresh_names` makes them count.
+    bool change_part_text(std::size_t part, std::u16string_view text);
+
     /// A part of the current pattern, for changes to its settings; `refresh_names` makes them count.
     [[nodiscard]] NamePart& part(std::size_t part) { return patterns_[pattern_index()].parts[part]; }
 
@@ -114,6 +117,9 @@ public:
     [[nodiscard]] std::size_t row_count() const noexcept { return rows_.size(); }
     [[nodiscard]] RowView row(std::size_t row) const;
     [[nodiscard]] const Filename& row_entry(std::size_t row) const { return *rows_[row]; }
+    /// Whether the row's old name fits the parts of the pattern. The new name of one that does not is made of what the
+    /// parts took before they failed.
+    [[nodiscard]] bool fits_pattern(std::size_t row) const;
     /// True when the entries come from more than one folder, so that the folder is worth showing.
     [[nodiscard]] bool shows_folders() const noexcept { return files_.folders.size() > 1; }
 

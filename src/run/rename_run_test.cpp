@@ -1087,5 +1087,25 @@ TEST(RunTexts, ComeFromTheGivenSource)
     EXPECT_EQ(run.judge().message.text, u"nichts");
 }
 
+TEST(RenameRun, TextsOfManyPartsAreChangedBeforeTheNamesAreMadeOnce)
+{
+    TestRun test({u"IMG_1", u"IMG_2"});
+    EXPECT_TRUE(test.run.change_part_text(0, u"sea "));
+    EXPECT_TRUE(test.run.change_part_text(2, u" b"));
+    EXPECT_FALSE(test.run.change_part_text(2, u" b"));
+    EXPECT_EQ(test.run.row(0).new_name, u"IMG_1");
+    test.run.refresh_names();
+    EXPECT_EQ(test.run.row(0).new_name, u"sea 1 b");
+}
+
+TEST(RenameRun, TellsWhichNamesDoNotFitThePattern)
+{
+    TestRun test(
+        {u"xa1", u"yA22"}); // the pattern is *a#, for the search does not look at the character before a number
+    EXPECT_EQ(test.run.pattern().patternText, u"*a#");
+    EXPECT_TRUE(test.run.fits_pattern(0));
+    EXPECT_FALSE(test.run.fits_pattern(1));
+}
+
 } // namespace
 } // namespace multirename

@@ -18,31 +18,41 @@ bool is_mapped(char16_t unit)
 
 } // namespace
 
+std::u16string typed_from_bytes(std::string_view bytes)
+{
+    std::u16string text;
+    for (const char16_t unit : from_bytes(bytes)) {
+        if (!is_mapped(unit)) {
+            text.push_back(unit);
+            continue;
+        }
+        for (const char byte : to_bytes({&unit, 1}))
+            text.push_back(static_cast<char16_t>(stray_byte_base + static_cast<unsigned char>(byte)));
+    }
+    return text;
+}
+
 std::u16string name_from_bytes(std::string_view bytes)
 {
-    std::u16string name;
-    for (const char16_t unit : from_bytes(bytes)) {
-        if (mapped_characters.find(unit) != std::u16string_view::npos) {
-            name.push_back(static_cast<char16_t>(mapped_base + unit));
-        } else if (is_mapped(unit)) {
-            for (const char byte : to_bytes({&unit, 1}))
-                name.push_back(static_cast<char16_t>(stray_byte_base + static_cast<unsigned char>(byte)));
-        } else {
-            name.push_back(unit);
-        }
+    std::u16string name = typed_from_bytes(bytes);
+    for (char16_t& unit : name) {
+        if (mapped_characters.find(unit) != std::u16string_view::npos)
+            unit = static_cast<char16_t>(mapped_base + unit);
     }
     return name;
 }
 
-std::string bytes_from_name(std::u16string_view name)
+std::u16string shown_name(std::u16string_view name)
 {
     std::u16string text(name);
     for (char16_t& unit : text) {
         if (is_mapped(unit))
             unit = static_cast<char16_t>(unit - mapped_base);
     }
-    return to_bytes(text);
+    return text;
 }
+
+std::string bytes_from_name(std::u16string_view name) { return to_bytes(shown_name(name)); }
 
 std::u16string path_from_bytes(std::string_view bytes)
 {

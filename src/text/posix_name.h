@@ -15,6 +15,13 @@ namespace multirename {
 /// The bytes on disk of a name; bytes_from_name(name_from_bytes(b)) is b for every b.
 [[nodiscard]] std::string bytes_from_name(std::u16string_view name);
 
+/// A name with the characters that were moved aside in their places again, still in UTF-16: what people see.
+[[nodiscard]] std::u16string shown_name(std::u16string_view name);
+
+/// Text that was typed: the eight characters stay what they are, and are refused where a name may not hold them. What
+/// looks like one of them moved aside becomes its bytes.
+[[nodiscard]] std::u16string typed_from_bytes(std::string_view bytes);
+
 /// A whole path, with "\" behind the border for "/" on disk.
 [[nodiscard]] std::u16string path_from_bytes(std::string_view bytes);
 [[nodiscard]] std::string bytes_from_path(std::u16string_view path);

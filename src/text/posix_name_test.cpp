@@ -32,6 +32,17 @@ TEST(PosixName, HoldsNoneOfTheEightCharactersBehindTheBorder)
         EXPECT_EQ(name_from_bytes(std::string(1, c)).find_first_of(u"\\:*?\"<>|"), std::u16string::npos) << c;
 }
 
+TEST(PosixName, IsShownWithTheEightCharactersInTheirPlaces)
+{
+    EXPECT_EQ(shown_name(u"a\xF03A\xF041\xDCFF"), u"a:\xF041\xDCFF");
+}
+
+TEST(PosixName, WhatIsTypedStaysAsItIsExceptWhatLooksMovedAside)
+{
+    EXPECT_EQ(typed_from_bytes("a:<N:1>\xC3\xA9\xFF"), u"a:<N:1>\u00E9\xDCFF");
+    EXPECT_EQ(typed_from_bytes("\xEF\x80\xBA"), u"\xDCEF\xDC80\xDCBA");
+}
+
 TEST(PosixName, AnyBytesComeBackAsTheyWere)
 {
     std::mt19937 random(2);

@@ -104,6 +104,7 @@ public:
                 continue;
             DirectoryEntry entry;
             entry.name = name_from_bytes(name);
+            entry.is_hidden = name.starts_with('.');
             read_details(dirfd(folder.get()), found->d_name, entry);
             listing.entries.push_back(std::move(entry));
             errno = 0;

@@ -10,6 +10,7 @@
 #include <optional>
 #include <sstream>
 
+#include "platform/testing/scoped_variable.h"
 #include "platform/testing/user_values_sandbox.h"
 #include "text/utf8.h"
 
@@ -36,36 +37,6 @@ std::string quoted(std::u16string_view text)
     }
     return result + "\"";
 }
-
-std::optional<std::string> environment(const char* name)
-{
-    const char* value = std::getenv(name);
-    return value == nullptr ? std::nullopt : std::optional<std::string>(value);
-}
-
-/// Sets a variable of the environment, or takes it away, and puts it back at the end.
-class ScopedVariable {
-public:
-    ScopedVariable(const char* name, const std::optional<std::string>& value) : name_(name), before_(environment(name))
-    {
-        set(value);
-    }
-    ~ScopedVariable() { set(before_); }
-    ScopedVariable(const ScopedVariable&) = delete;
-    ScopedVariable& operator=(const ScopedVariable&) = delete;
-
-private:
-    void set(const std::optional<std::string>& value) const
-    {
-        if (value)
-            setenv(name_, value->c_str(), 1);
-        else
-            unsetenv(name_);
-    }
-
-    const char* name_;
-    std::optional<std::string> before_;
-};
 
 fs::path make_temporary_folder()
 {

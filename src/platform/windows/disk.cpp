@@ -46,6 +46,7 @@ public:
             entry.name = from_wide(found.cFileName);
             entry.is_folder = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
             entry.read_only = (found.dwFileAttributes & FILE_ATTRIBUTE_READONLY) != 0;
+            entry.is_hidden = (found.dwFileAttributes & FILE_ATTRIBUTE_HIDDEN) != 0 || found.cFileName[0] == L'.';
             entry.size = joined(found.nFileSizeHigh, found.nFileSizeLow);
             entry.created = file_time(found.ftCreationTime);
             entry.last_write = file_time(found.ftLastWriteTime);

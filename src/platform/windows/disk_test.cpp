@@ -57,6 +57,14 @@ TEST_F(WindowsDiskTest, TellsTheCreationTime)
     EXPECT_EQ(entries[0].created, FileTime{created.dwHighDateTime} << 32 | created.dwLowDateTime);
 }
 
+TEST_F(WindowsDiskTest, TellsWhatTheAttributeHides)
+{
+    ASSERT_TRUE(make_file(folder_ + file_));
+    EXPECT_FALSE(system_disk().list_folder(from_wide(folder_)).entries.at(0).is_hidden);
+    SetFileAttributesW((folder_ + file_).c_str(), FILE_ATTRIBUTE_HIDDEN);
+    EXPECT_TRUE(system_disk().list_folder(from_wide(folder_)).entries.at(0).is_hidden);
+}
+
 TEST_F(WindowsDiskTest, ListsFoldersBeyond260Characters)
 {
     constexpr std::size_t long_enough = 320;

@@ -8,15 +8,14 @@
 #include <array>
 
 #include "platform/long_path.h"
+#include "platform/windows/file_handle.h"
+#include "platform/windows/full_path.h"
 #include "platform/windows/wide.h"
-#include "win32/launcher/file_handle.h"
 #include "win32/launcher/system_text.h"
 
 namespace multirename {
 
 namespace {
-
-constexpr std::size_t first_too_long_path = 260;
 
 Problem unreadable(std::u16string_view path, DWORD error)
 {
@@ -34,17 +33,9 @@ bool is_root(const std::wstring& path) { return PathIsRootW(path.c_str()) != FAL
 
 std::u16string full_path(std::u16string_view path)
 {
-    const std::wstring given = to_wide(path);
-    std::wstring full(MAX_PATH, L'\0');
-    while (true) {
-        const DWORD length = GetFullPathNameW(given.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr);
-        if (length == 0)
-            return std::u16string(path);
-        const bool fits = length < full.size();
-        full.resize(length);
-        if (fits)
-            break;
-    }
+    std::wstring full = full_path_name(to_wide(path));
+    if (full.empty())
+        return std::u16string(path);
     while (full.ends_with(L'\\') && !is_root(full))
         full.pop_back();
     return from_wide(full);

@@ -4,9 +4,9 @@
 
 #include <string>
 
+#include "platform/windows/file_handle.h"
 #include "platform/windows/wide.h"
 #include "text/utf8.h"
-#include "win32/launcher/file_handle.h"
 
 namespace multirename {
 

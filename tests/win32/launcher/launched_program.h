@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "win32/launcher/file_handle.h"
+#include "platform/windows/file_handle.h"
 
 /// The program multirename-gui.exe, started like a person's file manager would, and what is done to its windows. Every
 /// operation waits for what it brings about and fails the test when that does not come.

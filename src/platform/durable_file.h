@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <system_error>
+#include <utility>
+
+namespace multirename {
+
+/// A file that outlives the end of the process and of the machine: what `create` was given is on the disk when it
+/// returns. While one process has it open no other can open it here.
+class DurableFile {
+public:
+    DurableFile() = default;
+    DurableFile(DurableFile&& other) noexcept : handle_(std::exchange(other.handle_, no_handle)) { }
+    DurableFile& operator=(DurableFile&& other) noexcept
+    {
+        std::swap(handle_, other.handle_);
+        return *this;
+    }
+    DurableFile(const DurableFile&) = delete;
+    DurableFile& operator=(const DurableFile&) = delete;
+    ~DurableFile();
+
+    /// Makes a new file that only its owner may read, with this content, and waits until it and its name are on the
+    /// disk. The error equals errc::file_exists when there is a file of that name; on any error no new file is left.
+    [[nodiscard]] static std::error_code create(const std::filesystem::path& path, std::string_view content,
+                                                DurableFile& file);
+
+    /// Opens a file and reads all of it. The error equals errc::device_or_resource_busy when another process has it
+    /// open here.
+    [[nodiscard]] static std::error_code open(const std::filesystem::path& path, DurableFile& file,
+                                              std::string& content);
+
+    /// Overwrites one byte within the file. Safe against the end of the process at once, against that of the machine
+    /// after `sync`. False when it cannot be written.
+    bool overwrite(std::size_t offset, char byte) noexcept;
+
+    void sync() noexcept;
+
+    [[nodiscard]] bool is_open() const noexcept { return handle_ != no_handle; }
+
+private:
+    static constexpr std::intptr_t no_handle = -1; // of both systems
+    explicit DurableFile(std::intptr_t handle) noexcept : handle_(handle) { }
+
+    std::intptr_t handle_ = no_handle;
+};
+
+} // namespace multirename

@@ -1,0 +1,116 @@
+#include "platform/durable_file.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+
+namespace multirename {
+
+namespace {
+
+std::error_code last_error() { return {errno, std::system_category()}; }
+
+std::error_code write_all(int file, std::string_view content)
+{
+    while (!content.empty()) {
+        const ssize_t written = write(file, content.data(), content.size());
+        if (written < 0 && errno == EINTR)
+            continue;
+        if (written < 0)
+            return last_error();
+        content.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return {};
+}
+
+std::error_code read_all(int file, std::string& content)
+{
+    std::array<char, 65536> piece{};
+    while (true) {
+        const ssize_t length = read(file, piece.data(), piece.size());
+        if (length < 0 && errno == EINTR)
+            continue;
+        if (length < 0)
+            return last_error();
+        if (length == 0)
+            return {};
+        content.append(piece.data(), static_cast<std::size_t>(length));
+    }
+}
+
+std::error_code sync_folder(const std::filesystem::path& folder)
+{
+    const int opened = ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (opened < 0)
+        return last_error();
+    const std::error_code error = fsync(opened) == 0 ? std::error_code() : last_error();
+    ::close(opened);
+    return error;
+}
+
+int descriptor(std::intptr_t handle) { return static_cast<int>(handle); }
+
+std::error_code lock(int file)
+{
+    if (flock(file, LOCK_EX | LOCK_NB) == 0)
+        return {};
+    return errno == EWOULDBLOCK ? std::make_error_code(std::errc::device_or_resource_busy) : last_error();
+}
+
+} // namespace
+
+DurableFile::~DurableFile()
+{
+    if (is_open())
+        ::close(descriptor(handle_));
+}
+
+std::error_code DurableFile::create(const std::filesystem::path& path, std::string_view content, DurableFile& file)
+{
+    constexpr mode_t owner_only = 0600;
+    const int opened = ::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, owner_only);
+    if (opened < 0)
+        return last_error();
+    DurableFile created(opened);
+    std::error_code error = lock(opened);
+    if (!error)
+        error = write_all(opened, content);
+    if (!error && fsync(opened) != 0)
+        error = last_error();
+    if (!error)
+        error = sync_folder(path.parent_path());
+    if (error)
+        unlink(path.c_str());
+    else
+        file = std::move(created);
+    return error;
+}
+
+std::error_code DurableFile::open(const std::filesystem::path& path, DurableFile& file, std::string& content)
+{
+    const int descriptor = ::open(path.c_str(), O_RDWR | O_CLOEXEC | O_NOFOLLOW);
+    if (descriptor < 0)
+        return last_error();
+    DurableFile opened(descriptor);
+    std::error_code error = lock(descriptor);
+    std::string bytes;
+    if (!error)
+        error = read_all(descriptor, bytes);
+    if (error)
+        return error;
+    content = std::move(bytes);
+    file = std::move(opened);
+    return {};
+}
+
+bool DurableFile::overwrite(std::size_t offset, char byte) noexcept
+{
+    return pwrite(descriptor(handle_), &byte, 1, static_cast<off_t>(offset)) == 1;
+}
+
+void DurableFile::sync() noexcept { fdatasync(descriptor(handle_)); }
+
+} // namespace multirename

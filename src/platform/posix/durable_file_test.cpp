@@ -1,0 +1,119 @@
+#include "platform/durable_file.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+#include <csignal>
+
+#include "platform/testing/posix_child.h"
+#include "platform/testing/temporary_folder.h"
+
+namespace multirename {
+namespace {
+
+namespace fs = std::filesystem;
+using Names = std::vector<std::string>;
+
+class PosixDurableFile : public testing::Test {
+protected:
+    [[nodiscard]] fs::path path(const std::string& name = "file") const { return temporary_.path() / name; }
+
+    TemporaryFolder temporary_;
+};
+
+TEST_F(PosixDurableFile, IsForItsOwnerAlone)
+{
+    const mode_t before = umask(0);
+    DurableFile file;
+    EXPECT_FALSE(DurableFile::create(path(), "content", file));
+    umask(before);
+    EXPECT_EQ(fs::status(path()).permissions(), fs::perms{0600});
+}
+
+TEST_F(PosixDurableFile, IsBusyForAnotherProcess)
+{
+    const auto status_elsewhere = [this] {
+        return status_in_child([this] {
+            // What a process is born with is no second opening.
+            DurableFile file;
+            std::string content;
+            const std::error_code error = DurableFile::open(path(), file, content);
+            if (!error)
+                return 0;
+            return error == std::errc::device_or_resource_busy ? 1 : 2;
+        });
+    };
+    {
+        DurableFile file;
+        ASSERT_FALSE(DurableFile::create(path(), "content", file));
+        EXPECT_EQ(status_elsewhere(), 1);
+    }
+    EXPECT_EQ(status_elsewhere(), 0);
+}
+
+TEST_F(PosixDurableFile, IsFreeOnceTheProcessIsGone)
+{
+    EXPECT_EQ(status_in_child([this] {
+                  DurableFile file;
+                  if (DurableFile::create(path(), "content", file))
+                      return 1;
+                  raise(SIGKILL);
+                  return 2;
+              }),
+              256 + SIGKILL);
+    DurableFile file;
+    std::string content;
+    EXPECT_FALSE(DurableFile::open(path(), file, content));
+    EXPECT_EQ(content, "content");
+}
+
+TEST_F(PosixDurableFile, IsNotMadeOrOpenedThroughALink)
+{
+    temporary_.write("target", "before");
+    fs::create_symlink("target", path("link"));
+    fs::create_symlink("nowhere", path("broken"));
+    DurableFile file;
+    std::string content = "none";
+    EXPECT_EQ(DurableFile::open(path("link"), file, content), std::errc::too_many_symbolic_link_levels);
+    EXPECT_EQ(DurableFile::create(path("link"), "after", file), std::errc::file_exists);
+    EXPECT_EQ(DurableFile::create(path("broken"), "after", file), std::errc::file_exists);
+    EXPECT_FALSE(file.is_open());
+    EXPECT_EQ(content, "none");
+    EXPECT_EQ(temporary_.names(), (Names{"broken", "link", "target"}));
+    EXPECT_EQ(temporary_.content("target"), "before");
+}
+
+TEST_F(PosixDurableFile, LeavesNothingBehindWhenThereIsNoRoomForIt)
+{
+    EXPECT_EQ(status_in_child([this] {
+                  constexpr rlimit ten_bytes{10, 10};
+                  std::signal(SIGXFSZ, SIG_IGN);
+                  if (setrlimit(RLIMIT_FSIZE, &ten_bytes) != 0)
+                      return 1;
+                  DurableFile file;
+                  const std::error_code error = DurableFile::create(path(), "more than ten bytes", file);
+                  return error == std::errc::file_too_large && !file.is_open() ? 0 : 2;
+              }),
+              0);
+    EXPECT_TRUE(temporary_.names().empty());
+}
+
+TEST_F(PosixDurableFile, IsNotPassedOnToCommands)
+{
+    DurableFile file;
+    ASSERT_FALSE(DurableFile::create(path(), "content", file));
+    int descriptors = 0;
+    for (const auto& open : fs::directory_iterator("/proc/self/fd")) {
+        std::error_code error;
+        if (fs::read_symlink(open, error) != path())
+            continue;
+        ++descriptors;
+        EXPECT_NE(fcntl(std::stoi(open.path().filename()), F_GETFD) & FD_CLOEXEC, 0);
+    }
+    EXPECT_EQ(descriptors, 1);
+}
+
+} // namespace
+} // namespace multirename

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <system_error>
+
+namespace multirename {
+
+/// Finds what will keep the system from renaming an entry, as far as that can be known before anything is touched. What
+/// is not found may still go wrong later. On Windows nothing is known in advance.
+class RenameObstacles {
+public:
+    /// The reason why the entry cannot get the new name, in words, or nothing. All are in the system's own bytes, the
+    /// folder with the separator at its end.
+    [[nodiscard]] std::optional<std::string> find(const std::string& folder, const std::string& name,
+                                                  const std::string& new_name, bool is_folder);
+
+private:
+    struct Folder {
+        std::error_code error; ///< why nothing in it can be renamed
+        std::size_t longest_name = 0; ///< bytes
+        bool is_sticky = false; ///< only who owns an entry, or the folder, may rename it
+    };
+    [[nodiscard]] const Folder& known(const std::string& folder);
+
+    std::map<std::string, Folder, std::less<>> folders_;
+};
+
+} // namespace multirename

@@ -1,0 +1,18 @@
+#include "platform/rename_obstacles.h"
+
+#include "platform/windows/full_path.h"
+#include "text/wtf8.h"
+
+namespace multirename {
+
+std::optional<std::string> RenameObstacles::find(const std::string& folder, const std::string&,
+                                                 const std::string& new_name, bool)
+{
+    const std::size_t length = from_wtf8(folder).size() + from_wtf8(new_name).size();
+    if (length < first_too_long_path)
+        return std::nullopt;
+    return "the path with the new name has " + std::to_string(length) + " characters, and Windows takes at most " +
+        std::to_string(first_too_long_path - 1);
+}
+
+} // namespace multirename
