@@ -2,15 +2,13 @@
 
 #include <cstdint>
 
+#include "text/surrogates.h"
+
 namespace multirename {
 
 namespace {
 
 constexpr char16_t stray_byte_base = 0xDC00;
-
-bool is_high_surrogate(char16_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
-bool is_low_surrogate(char16_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
-bool stands_for_byte(char16_t unit) { return unit >= 0xDC80 && unit <= 0xDCFF; }
 
 struct Decoded {
     char32_t code_point = 0;
@@ -89,11 +87,11 @@ std::string to_bytes(std::u16string_view text)
     bytes.reserve(text.size());
     for (std::size_t i = 0; i < text.size(); ++i) {
         const char16_t unit = text[i];
-        if (is_high_surrogate(unit) && i + 1 < text.size() && is_low_surrogate(text[i + 1])) {
-            append_utf8(bytes, (char32_t{unit} << 10) + text[++i] - 0x35FDC00U);
+        if (is_pair_at(text, i)) {
+            append_utf8(bytes, joined_halves(unit, text[++i]));
         } else if (stands_for_byte(unit)) {
             bytes.push_back(static_cast<char>(unit - stray_byte_base));
-        } else if (is_high_surrogate(unit) || is_low_surrogate(unit)) {
+        } else if (is_half(unit)) {
             append_utf8(bytes, 0xFFFD);
         } else {
             append_utf8(bytes, unit);

@@ -1,5 +1,6 @@
 #include "text/wtf8.h"
 
+#include "text/surrogates.h"
 #include "text/utf8.h"
 
 namespace multirename {
@@ -8,21 +9,6 @@ namespace {
 
 constexpr std::size_t half_length = 3; // bytes
 constexpr std::size_t none = std::u16string_view::npos;
-
-bool is_first_half(char16_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
-bool is_second_half(char16_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
-
-// The index of the first unit from `start` on that is a half without its other half.
-std::size_t find_lone_half(std::u16string_view text, std::size_t start)
-{
-    for (std::size_t i = start; i < text.size(); ++i) {
-        if (is_first_half(text[i]) && i + 1 < text.size() && is_second_half(text[i + 1]))
-            ++i;
-        else if (is_first_half(text[i]) || is_second_half(text[i]))
-            return i;
-    }
-    return none;
-}
 
 void append_half(std::string& bytes, char16_t half)
 {
