@@ -24,8 +24,9 @@ ensure_packages() {
         fail "Installing failed; see ${TMPDIR:-/tmp}/multirename-install.log"
 }
 
-native_packages=(cmake ninja-build g++ googletest nlohmann-json3-dev)
+native_packages=(cmake ninja-build g++ googletest libcli11-dev nlohmann-json3-dev rapidjson-dev)
 windows_packages=(cmake ninja-build g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64 googletest
+    libcli11-dev rapidjson-dev
     wine wine64 fonts-wine xvfb xauth)
 
 # Configures and builds a preset, or only the given targets of it.

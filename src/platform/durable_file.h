@@ -27,6 +27,8 @@ public:
 
     /// Makes a new file that only its owner may read, with this content, and waits until it and its name are on the
     /// disk. The error equals errc::file_exists when there is a file of that name; on any error no new file is left.
+    /// Where the system allows it (on POSIX) the name appears only once all of the content is on the disk; a process
+    /// that ends before leaves at most a file whose name has ".new" behind it.
     [[nodiscard]] static std::error_code create(const std::filesystem::path& path, std::string_view content,
                                                 DurableFile& file);
 

@@ -7,6 +7,8 @@
 #include <array>
 #include <cerrno>
 
+#include "platform/move_entry.h"
+
 namespace multirename {
 
 namespace {
@@ -43,7 +45,7 @@ std::error_code read_all(int file, std::string& content)
 
 std::error_code sync_folder(const std::filesystem::path& folder)
 {
-    const int opened = ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    const int opened = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (opened < 0)
         return last_error();
     const std::error_code error = fsync(opened) == 0 ? std::error_code() : last_error();
@@ -71,17 +73,30 @@ DurableFile::~DurableFile()
 std::error_code DurableFile::create(const std::filesystem::path& path, std::string_view content, DurableFile& file)
 {
     constexpr mode_t owner_only = 0600;
-    const int opened = ::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, owner_only);
+    const std::string folder = path.has_parent_path() ? path.parent_path().string() : ".";
+    const std::string name = path.filename().string();
+    const std::string draft = name + ".new";
+    EntryMover mover;
+    std::error_code error;
+    if (mover.exists(folder, name, error))
+        return std::make_error_code(std::errc::file_exists);
+    const std::string draft_path = path.string() + ".new";
+    const int opened = ::open(draft_path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, owner_only);
     if (opened < 0)
         return last_error();
     DurableFile created(opened);
-    std::error_code error = lock(opened);
+    error = lock(opened);
     if (!error)
         error = write_all(opened, content);
     if (!error && fsync(opened) != 0)
         error = last_error();
     if (!error)
-        error = sync_folder(path.parent_path());
+        error = mover.move(folder, draft, name);
+    if (error) {
+        unlink(draft_path.c_str());
+        return error;
+    }
+    error = sync_folder(folder);
     if (error)
         unlink(path.c_str());
     else

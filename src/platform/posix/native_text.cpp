@@ -1,23 +1,20 @@
 #include "platform/native_text.h"
 
 #include "text/posix_name.h"
+#include "text/surrogates.h"
 #include "text/utf8.h"
 
 namespace multirename {
 
 namespace {
 
-bool is_first_half(char16_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
-
 // The lone second halves: stray bytes, as a text that was read holds them, or what is left of a pair.
 std::u16string lone_second_halves(std::u16string_view text)
 {
     std::u16string halves;
-    char16_t previous = 0;
-    for (const char16_t unit : text) {
-        if (unit >= 0xDC00 && unit <= 0xDFFF && !is_first_half(previous))
-            halves.push_back(unit);
-        previous = unit;
+    for (std::size_t i = 0; (i = find_lone_half(text, i)) != std::u16string_view::npos; ++i) {
+        if (is_second_half(text[i]))
+            halves.push_back(text[i]);
     }
     return halves;
 }

@@ -1,0 +1,78 @@
+#include "cli/batch_rename.h"
+
+#include <chrono>
+
+#include "cli/failure.h"
+#include "cli/progress_bar.h"
+#include "platform/error_text.h"
+#include "platform/native_text.h"
+#include "platform/user_folders.h"
+
+namespace multirename {
+
+namespace {
+
+std::string reason_of(const std::error_code& error)
+{
+    if (error == std::errc::file_exists)
+        return "a file of the new name has appeared meanwhile";
+    if (error == std::errc::no_such_file_or_directory)
+        return "it is not there any more";
+    return error_text(error);
+}
+
+} // namespace
+
+BatchRename::BatchRename(Batches& batches, Console& console) : batches_(batches), console_(console) { }
+BatchRename::~BatchRename() = default;
+
+void BatchRename::rename(OwnerWindow, const std::vector<std::shared_ptr<Filename>>& entries)
+{
+    std::vector<JournalEntry> moves;
+    moves.reserve(entries.size());
+    for (const auto& entry : entries)
+        moves.push_back(
+            {native_from_path(entry->folder->path), native_from_name(entry->name), native_from_name(entry->new_name)});
+    const auto now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
+    if (const std::error_code error = batches_.begin(moves, now, batch_))
+        throw Failure(ExitStatus::PartlyDone,
+                      "The journal, from which undo takes names back, cannot be written to \"" +
+                          native_bytes(batches_.folder()) + "\": " + error_text(error) +
+                          ". Nothing was renamed. XDG_STATE_HOME can name another folder for it.");
+    entries_ = &entries;
+    progress_ = std::make_unique<ProgressBar>(console_, "Renaming", entries.size());
+    interruption_ = std::make_unique<Interruption>();
+    carry_out(moves, *this);
+    interruption_.reset();
+    progress_.reset();
+    if (was_stopped_ && renamed_ == 0) {
+        for (std::size_t i = 0; i < moves.size(); ++i)
+            batch_.mark(i, EntryState::Failed);
+    }
+    batch_.close();
+}
+
+bool BatchRename::should_stop()
+{
+    was_stopped_ = interruption_->is_wanted();
+    return was_stopped_;
+}
+
+void BatchRename::moved(std::size_t index, const std::error_code& error)
+{
+    batch_.mark(index, error ? EntryState::Failed : EntryState::Renamed);
+    if (error)
+        reasons_.emplace((*entries_)[index].get(), reason_of(error));
+    else
+        ++renamed_;
+    progress_->advance();
+}
+
+void BatchRename::does_without_exclusive_rename()
+{
+    console_.write_error(
+        "multirename: note: this file system has no rename that refuses to overwrite; files are renamed "
+        "through a second link, and folders after a look at the new name.\n");
+}
+
+} // namespace multirename

@@ -1,0 +1,195 @@
+#include "cli/edits.h"
+
+#include <algorithm>
+#include <limits>
+#include <optional>
+#include <string_view>
+
+#include "cli/failure.h"
+#include "run/part_menu.h"
+#include "run/pasted_names.h"
+#include "text/decimal.h"
+
+namespace multirename {
+
+namespace {
+
+// Wider numbers would be no names any more, and take all memory long before that is said.
+constexpr std::int64_t most_digits = 9999;
+
+std::string_view kind_name(NamePartKind kind)
+{
+    switch (kind) {
+    case NamePartKind::Text: return "text";
+    case NamePartKind::Number: return "a number";
+    case NamePartKind::Wild: return "wild";
+    }
+    return {};
+}
+
+// One edit on its way into the run: says what is wrong in terms of the words that were typed.
+class EditWords {
+public:
+    EditWords(const Edit& edit, const RenameRun& run) : edit_(edit)
+    {
+        const std::string& argument = edit.argument;
+        const std::size_t equals = argument.find('=');
+        const std::string number = argument.substr(0, equals);
+        const bool wants_value = option_info(edit.option).value.find('=') != std::string_view::npos;
+        if (wants_value && equals == std::string::npos)
+            fail("it is written " + std::string(option_info(edit.option).value) + ", with the number of a part as K.");
+        if (!wants_value && equals != std::string::npos)
+            fail("it takes the number of a part and nothing else.");
+        if (wants_value)
+            value_ = argument.substr(equals + 1);
+        if (number.empty() || number.find_first_not_of("0123456789") != std::string::npos)
+            fail("\"" + number + "\" is not the number of a part.");
+        const std::size_t count = run.pattern().parts.size();
+        const std::int64_t read = read_decimal(std::u16string(number.begin(), number.end()));
+        if (read < 1 || static_cast<std::uint64_t>(read) > count)
+            fail("the pattern has " + std::to_string(count) + (count == 1 ? " part" : " parts") +
+                 "; \"multirename pattern\" prints them with their numbers.");
+        part_ = static_cast<std::size_t>(read) - 1;
+    }
+
+    [[nodiscard]] std::size_t part() const noexcept { return part_; }
+    [[nodiscard]] const std::string& value() const noexcept { return value_; }
+
+    void need_kind(const RenameRun& run, std::initializer_list<NamePartKind> kinds) const
+    {
+        const NamePartKind kind = run.pattern().parts[part_].kind;
+        if (std::ranges::find(kinds, kind) == kinds.end())
+            fail("part " + std::to_string(part_ + 1) + " is " + std::string(kind_name(kind)) +
+                 ", and this option is for " + wanted(kinds) + ".");
+    }
+
+    /// The value as a number from 0 on, at most `limit`.
+    [[nodiscard]] std::int64_t number(std::int64_t limit) const
+    {
+        if (value_.empty() || value_.find_first_not_of("0123456789") != std::string::npos)
+            fail("\"" + value_ + "\" is not a number.");
+        return std::min(read_decimal(std::u16string(value_.begin(), value_.end())), limit);
+    }
+
+    [[noreturn]] void fail(const std::string& reason) const
+    {
+        throw WrongCommandLine("--" + std::string(option_info(edit_.option).name) + " " + edit_.argument + ": " +
+                               reason);
+    }
+
+private:
+    static std::string wanted(std::initializer_list<NamePartKind> kinds)
+    {
+        std::string text;
+        for (const NamePartKind kind : kinds) {
+            const std::string_view name = kind == NamePartKind::Number ? "number" : kind_name(kind);
+            text.append(text.empty() ? "" : " and ").append(name);
+        }
+        return text + " parts";
+    }
+
+    const Edit& edit_;
+    std::size_t part_ = 0;
+    std::string value_;
+};
+
+CaseStyle style_named(const EditWords& words)
+{
+    const auto found = std::ranges::find(style_names(), words.value());
+    if (found == style_names().end()) {
+        std::string all;
+        for (const std::string_view name : style_names())
+            all.append(all.empty() ? "" : ", ").append(name);
+        words.fail("the styles are " + all + ".");
+    }
+    return static_cast<CaseStyle>(found - style_names().begin());
+}
+
+struct Replacement {
+    std::u16string find;
+    std::u16string with;
+};
+
+Replacement replacement_of(const EditWords& words, const NameBorder& border)
+{
+    std::u16string_view rest;
+    const std::u16string typed = border.typed(words.value());
+    rest = typed;
+    const bool is_pair = rest.size() > 1 && rest[0] >= 0xD800 && rest[0] <= 0xDBFF;
+    const std::u16string_view separator = rest.substr(0, is_pair ? 2 : 1);
+    rest.remove_prefix(separator.size());
+    const std::size_t middle = separator.empty() ? std::u16string_view::npos : rest.find(separator);
+    const std::size_t end =
+        middle == std::u16string_view::npos ? middle : rest.find(separator, middle + separator.size());
+    if (end == std::u16string_view::npos || end + separator.size() != rest.size())
+        words.fail("it is written K=/FIND/WITH/, with any character that stands in neither in place of \"/\".");
+    Replacement replacement{std::u16string(rest.substr(0, middle)),
+                            std::u16string(rest.substr(middle + separator.size(), end - middle - separator.size()))};
+    if (replacement.find.empty())
+        words.fail("there is nothing to find.");
+    if (holds_forbidden_character(replacement.with))
+        words.fail("names cannot hold any of the characters \\ / : * ? \" < > |.");
+    return replacement;
+}
+
+// Parts are changed here in the run's pattern; the names are made once, when all edits are in.
+void apply(RenameRun& run, const Edit& edit, const NameBorder& border)
+{
+    using enum NamePartKind;
+    const EditWords words(edit, run);
+    NamePart& part = run.part(words.part());
+    switch (edit.option) {
+    case OptionId::Text:
+        words.need_kind(run, {Text});
+        run.change_part_text(words.part(), border.typed(words.value()));
+        break;
+    case OptionId::Case:
+        words.need_kind(run, {Wild});
+        part.caseStyle = style_named(words);
+        break;
+    case OptionId::Truncate:
+        words.need_kind(run, {Wild});
+        part.length = static_cast<std::int32_t>(words.number(std::numeric_limits<std::int32_t>::max()));
+        part.truncate = true;
+        break;
+    case OptionId::Replace: {
+        words.need_kind(run, {Wild});
+        Replacement replacement = replacement_of(words, border);
+        part.findText = std::move(replacement.find);
+        part.replaceText = std::move(replacement.with);
+        break;
+    }
+    case OptionId::Renumber:
+        words.need_kind(run, {Number});
+        part.startNumber = words.number(std::numeric_limits<std::int64_t>::max());
+        part.renumber = true;
+        break;
+    case OptionId::Digits:
+        words.need_kind(run, {Number});
+        if (words.number(std::numeric_limits<std::int64_t>::max()) > most_digits)
+            words.fail("a number can have at most " + std::to_string(most_digits) + " digits.");
+        part.length = static_cast<std::int32_t>(words.number(most_digits));
+        part.leadingZeros = LeadingZerosMode::FixedDigits;
+        break;
+    case OptionId::StripZeros:
+        words.need_kind(run, {Number});
+        part.leadingZeros = LeadingZerosMode::RemoveZeros;
+        break;
+    case OptionId::Clear:
+        words.need_kind(run, {Wild, Number});
+        choose(PartCommand::ClearText, part, nullptr);
+        break;
+    default: break;
+    }
+}
+
+} // namespace
+
+void apply_edits(RenameRun& run, std::span<const Edit> edits, const NameBorder& border)
+{
+    for (const Edit& edit : edits)
+        apply(run, edit, border);
+    run.refresh_names();
+}
+
+} // namespace multirename

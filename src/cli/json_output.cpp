@@ -1,0 +1,219 @@
+#include "cli/json_output.h"
+
+#include <rapidjson/stringbuffer.h>
+#include <rapidjson/writer.h>
+
+#include <array>
+#include <cstdio>
+
+#include "platform/native_text.h"
+#include "text/surrogates.h"
+#include "text/utf8.h"
+
+namespace multirename {
+
+namespace {
+
+class Json {
+public:
+    [[nodiscard]] std::string text() const { return std::string(buffer_.GetString(), buffer_.GetSize()) + "\n"; }
+
+    void begin_object() { writer_.StartObject(); }
+    void end_object() { writer_.EndObject(); }
+    void begin_array() { writer_.StartArray(); }
+    void end_array() { writer_.EndArray(); }
+    void key(const char* name) { writer_.Key(name); }
+
+    void value(bool truth) { writer_.Bool(truth); }
+    void value(std::int64_t number) { writer_.Int64(number); }
+    void value(std::uint64_t number) { writer_.Uint64(number); }
+    void value(std::uint32_t number) { writer_.Uint(number); }
+    void value(std::string_view utf8) { value(from_bytes(utf8)); }
+    void value(const char* ascii) { value(std::string_view(ascii)); }
+    void value(const std::string& utf8) { value(std::string_view(utf8)); }
+    void value(const std::u16string& text) { value(std::u16string_view(text)); }
+    void value(std::u16string_view text)
+    {
+        const std::string quoted = quoted_text(text);
+        writer_.RawValue(quoted.data(), quoted.size(), rapidjson::kStringType);
+    }
+
+    template <class Value>
+    void member(const char* name, const Value& content)
+    {
+        key(name);
+        value(content);
+    }
+
+    void member_or_null(const char* name, const std::optional<std::string>& content)
+    {
+        key(name);
+        if (content)
+            value(*content);
+        else
+            writer_.Null();
+    }
+
+private:
+    static std::string escape(char16_t unit)
+    {
+        std::array<char, 8> text{};
+        std::snprintf(text.data(), text.size(), "\\u%04x", static_cast<unsigned>(unit));
+        return text.data();
+    }
+
+    // The library's own way with everything but lone halves, without the quotation marks.
+    static void append_well_formed(std::string& quoted, std::u16string_view text)
+    {
+        if (text.empty())
+            return;
+        const std::string bytes = to_bytes(text);
+        rapidjson::StringBuffer buffer;
+        rapidjson::Writer<rapidjson::StringBuffer> writer(buffer);
+        writer.String(bytes.data(), static_cast<rapidjson::SizeType>(bytes.size()));
+        quoted.append(buffer.GetString() + 1, buffer.GetSize() - 2);
+    }
+
+    static std::string quoted_text(std::u16string_view text)
+    {
+        std::string quoted = "\"";
+        std::size_t start = 0;
+        for (std::size_t half = 0; (half = find_lone_half(text, start)) != std::u16string_view::npos;
+             start = half + 1) {
+            append_well_formed(quoted, text.substr(start, half - start));
+            quoted += escape(text[half]);
+        }
+        append_well_formed(quoted, text.substr(start));
+        return quoted + "\"";
+    }
+
+    rapidjson::StringBuffer buffer_;
+    rapidjson::Writer<rapidjson::StringBuffer> writer_{buffer_};
+};
+
+void write_part(Json& json, const NamePart& part, std::size_t number, const NameBorder& border)
+{
+    json.begin_object();
+    json.member("part", static_cast<std::uint64_t>(number));
+    switch (part.kind) {
+    case NamePartKind::Text:
+        json.member("kind", "text");
+        json.member("text", border.shown(part.text));
+        break;
+    case NamePartKind::Number:
+        json.member("kind", "number");
+        json.member("smallest", part.baseNumber);
+        break;
+    case NamePartKind::Wild:
+        json.member("kind", "wild");
+        if (part.mustStartWithDot)
+            json.member("mustStartWithDot", true);
+        break;
+    }
+    json.end_object();
+}
+
+void write_file(Json& json, const FilesReport& report, std::size_t row)
+{
+    const Filename& entry = report.run.row_entry(row);
+    json.begin_object();
+    json.member("old", report.border.shown(entry.name));
+    json.member("new", report.border.shown(entry.new_name));
+    json.member("folder", shown_folder(report, entry));
+    json.member("status", static_cast<std::uint32_t>(entry.status));
+    json.member("inScope", entry.in_scope);
+    json.member("matched", report.run.fits_pattern(row));
+    json.end_object();
+}
+
+void write_problems(Json& json, const ProblemCounts& problems)
+{
+    json.begin_object();
+    json.member("sameName", problems.same_name);
+    json.member("existing", problems.existing_name);
+    json.member("empty", problems.empty);
+    json.member("spaceOrPeriod", problems.space_or_period);
+    json.member("tooLong", problems.too_long);
+    json.member("forbidden", problems.forbidden);
+    json.end_object();
+}
+
+} // namespace
+
+std::string pattern_as_json(const RenameRun& run, const NameBorder& border)
+{
+    Json json;
+    json.begin_object();
+    json.member("pattern", border.shown(run.pattern().patternText));
+    json.member("extension", border.shown(run.extension_text()));
+    json.member("numbersAsText", run.numbers_as_text().checked);
+    json.member("extensions", run.allow_extension_changes().checked);
+    json.key("parts");
+    json.begin_array();
+    std::size_t number = 0;
+    for (const NamePart& part : run.pattern().parts)
+        write_part(json, part, ++number, border);
+    json.end_array();
+    json.end_object();
+    return json.text();
+}
+
+std::string files_as_json(const FilesReport& report)
+{
+    Json json;
+    json.begin_object();
+    json.member("pattern", report.border.shown(report.run.pattern().patternText));
+    json.key("files");
+    json.begin_array();
+    for (std::size_t row = 0; row < report.run.row_count(); ++row)
+        write_file(json, report, row);
+    json.end_array();
+    json.key("problems");
+    write_problems(json, report.problems);
+    json.member("renamed", static_cast<std::uint64_t>(report.renamed.value_or(0)));
+    json.member_or_null("batch", report.batch);
+    json.end_object();
+    return json.text();
+}
+
+std::string batches_as_json(const std::vector<BatchSummary>& batches)
+{
+    Json json;
+    json.begin_object();
+    json.key("batches");
+    json.begin_array();
+    for (const BatchSummary& batch : batches) {
+        json.begin_object();
+        json.member("batch", batch.id);
+        json.member("time", utc_text(batch.created));
+        json.member("names", static_cast<std::uint64_t>(batch.names));
+        json.member("folder", shown_native_path(path_from_native(batch.folder)));
+        json.end_object();
+    }
+    json.end_array();
+    json.end_object();
+    return json.text();
+}
+
+std::string undo_as_json(const UndoReport& report)
+{
+    Json json;
+    json.begin_object();
+    json.member("batch", report.id);
+    json.member("restored", static_cast<std::uint64_t>(report.restored));
+    json.key("left");
+    json.begin_array();
+    for (const LeftEntry& left : report.left) {
+        json.begin_object();
+        json.member("folder", shown_native_path(path_from_native(left.entry.folder)));
+        json.member("old", shown_native_name(name_from_native(left.entry.old_name)));
+        json.member("new", shown_native_name(name_from_native(left.entry.new_name)));
+        json.member("reason", left.reason);
+        json.end_object();
+    }
+    json.end_array();
+    json.end_object();
+    return json.text();
+}
+
+} // namespace multirename

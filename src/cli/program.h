@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "cli/batches.h"
+#include "cli/failure.h"
+#include "platform/console.h"
+
+namespace multirename {
+
+/// Runs the program: the words after its name, the console to talk to, and where batches are written down.
+[[nodiscard]] ExitStatus run_program(const std::vector<std::string>& words, Console& console, Batches batches);
+
+} // namespace multirename

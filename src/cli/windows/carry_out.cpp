@@ -1,0 +1,58 @@
+#include "cli/carry_out.h"
+
+#include <windows.h>
+
+#include <shellapi.h>
+
+#include <set>
+#include <string>
+#include <vector>
+
+#include "cli/what_happened.h"
+#include "platform/disk.h"
+#include "platform/native_text.h"
+#include "platform/windows/wide.h"
+
+namespace multirename {
+
+namespace {
+
+std::set<std::string> names_in(const std::string& folder)
+{
+    std::set<std::string> names;
+    for (const DirectoryEntry& entry : system_disk().list_folder(path_from_native(folder)).entries)
+        names.insert(native_from_name(entry.name));
+    return names;
+}
+
+std::wstring list_of(std::span<const JournalEntry> moves, std::string JournalEntry::*name)
+{
+    std::wstring list;
+    for (const JournalEntry& move : moves)
+        list += to_wide(path_from_native(move.folder + move.*name)) + L'\0';
+    return list + L'\0';
+}
+
+} // namespace
+
+void carry_out(std::span<const JournalEntry> moves, MoveObserver& observer)
+{
+    if (moves.empty() || observer.should_stop())
+        return;
+    const std::wstring sources = list_of(moves, &JournalEntry::old_name);
+    const std::wstring targets = list_of(moves, &JournalEntry::new_name);
+    SHFILEOPSTRUCTW request = {};
+    request.wFunc = FO_MOVE;
+    request.pFrom = sources.c_str();
+    request.pTo = targets.c_str();
+    // Errors are told here in words; a name that has appeared meanwhile is still for the user to answer.
+    request.fFlags = FOF_MULTIDESTFILES | FOF_ALLOWUNDO | FOF_SILENT | FOF_NOERRORUI;
+    const int result = SHFileOperationW(&request);
+    const std::error_code error(result != 0 ? result : ERROR_CANCELLED, std::system_category());
+    // The shell tells nothing useful of a batch that it did in part.
+    const std::vector<bool> happened = what_happened(moves, names_in);
+    for (std::size_t i = 0; i < moves.size(); ++i)
+        observer.moved(i, happened[i] ? std::error_code() : error);
+}
+
+} // namespace multirename
