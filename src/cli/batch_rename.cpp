@@ -45,9 +45,11 @@ void BatchRename::rename(OwnerWindow, const std::vector<std::shared_ptr<Filename
     carry_out(moves, *this);
     interruption_.reset();
     progress_.reset();
-    if (was_stopped_ && renamed_ == 0) {
-        for (std::size_t i = 0; i < moves.size(); ++i)
-            batch_.mark(i, EntryState::Failed);
+    for (std::size_t i = 0; i < moves.size(); ++i) {
+        if (batch_.state(i) != EntryState::Planned)
+            continue;
+        batch_.mark(i, EntryState::Failed);
+        reasons_.emplace(entries[i].get(), "the batch was stopped before its turn");
     }
     batch_.close();
 }

@@ -171,6 +171,8 @@ TEST_F(Rename, StopsBetweenTwoMovesWhenItIsInterrupted)
     };
     const ProgramResult result = run_watched(program({"rename", "--in", ".", "--text", "1=b"}), impatience);
     EXPECT_EQ(result.exit_status, partly_done);
+    EXPECT_THAT(result.output, HasSubstr("2 renamed, 2 not renamed."));
+    EXPECT_THAT(result.errors, HasSubstr("a4\" to \"b4\": the batch was stopped before its turn."));
     EXPECT_THAT(result.errors, HasSubstr("Stopped: 2 files were renamed; \"multirename undo "));
     EXPECT_THAT(names(), ElementsAre("a3", "a4", "b1", "b2"));
     EXPECT_EQ(run({"undo"}).exit_status, done);

@@ -1,0 +1,33 @@
+#include "cli/printer.h"
+
+#include "cli/failure.h"
+
+namespace multirename {
+
+void Printer::print(const std::string& text)
+{
+    const bool is_paged = request_.pager && console_.output_is_terminal();
+    if (is_paged && console_.pipe_to(console_.variable("PAGER").value_or("less -R"), text))
+        return;
+    if (!console_.write(text))
+        throw Failure(ExitStatus::PartlyDone, "The output cannot be written.");
+}
+
+void Printer::say(const std::string& text) { console_.write_error("multirename: " + text + "\n"); }
+
+TableStyle Printer::table_style()
+{
+    TableStyle style;
+    if (!console_.output_is_terminal())
+        return style;
+    style.colours = !console_.variable("NO_COLOR");
+    style.columns = console_.columns();
+    return style;
+}
+
+std::string counted(std::size_t count, std::string_view one, std::string_view many)
+{
+    return std::to_string(count) + " " + std::string(count == 1 ? one : many);
+}
+
+} // namespace multirename

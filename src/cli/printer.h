@@ -1,0 +1,39 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "cli/command_line.h"
+#include "cli/table_output.h"
+#include "platform/console.h"
+
+namespace multirename {
+
+/// Says what a command has to say, in the way that its request asks for.
+class Printer {
+public:
+    Printer(const Request& request, Console& console) : request_(request), console_(console) { }
+
+    /// Standard output, through the pager when that was asked for and a terminal is there. Throws Failure when it
+    /// cannot be written.
+    void print(const std::string& text);
+
+    // Standard error, a line each; the text without the program's name or a line end.
+    void say(const std::string& text);
+    void note(const std::string& text) { say("note: " + text); }
+    void warn(const std::string& text) { say("warning: " + text); }
+    /// A text that stands for itself.
+    void message(const std::string& text) { console_.write_error(text + "\n"); }
+
+    [[nodiscard]] OutputFormat format() const noexcept { return request_.format; }
+    [[nodiscard]] TableStyle table_style();
+
+private:
+    const Request& request_;
+    Console& console_;
+};
+
+/// "1 file", "2 files"
+[[nodiscard]] std::string counted(std::size_t count, std::string_view one, std::string_view many);
+
+} // namespace multirename
