@@ -176,8 +176,8 @@ private:
     // Edits and everything that is said before the checks.
     void prepare(Session& session)
     {
-        note_options_without_effect(session.run);
         apply_edits(session.run, request_.edits, session.selected.border());
+        note_options_without_effect(session.run);
         if (request_.command == CommandId::Edit)
             edit_names(session.run, session.selected.border(), console_);
         warn_of_names_that_do_not_fit(session.run, session.selected.border());

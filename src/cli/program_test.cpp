@@ -98,6 +98,15 @@ TEST_F(ProgramTest, ErrorsDoNothingToATerminal)
     EXPECT_EQ(std::ranges::count(console.errors, '\n'), 1);
 }
 
+TEST_F(ProgramTest, AnEditThatIsWrongIsSaidInOneLineAndNothingElseIs)
+{
+    console.input = "a\nb\n";
+    EXPECT_EQ(run({"preview", "--names", "-", "--extensions", "--numbers-as-text", "--text", "9=x"}),
+              ExitStatus::WrongCommandLine);
+    EXPECT_EQ(std::ranges::count(console.errors, '\n'), 1);
+    EXPECT_EQ(console.output, "");
+}
+
 TEST_F(ProgramTest, AnEmptyListIsNoFailure)
 {
     EXPECT_EQ(run({"preview", "--names", "-"}), ExitStatus::Done);
