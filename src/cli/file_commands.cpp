@@ -14,6 +14,7 @@
 #include "cli/printer.h"
 #include "cli/selection.h"
 #include "cli/table_output.h"
+#include "cli/tsv_output.h"
 #include "platform/native_text.h"
 #include "platform/rename_obstacles.h"
 #include "text/utf8.h"

@@ -95,21 +95,13 @@ void write_part(Json& json, const NamePart& part, std::size_t number, const Name
 {
     json.begin_object();
     json.member("part", static_cast<std::uint64_t>(number));
-    switch (part.kind) {
-    case NamePartKind::Text:
-        json.member("kind", "text");
+    json.member("kind", kind_word(part.kind));
+    if (part.kind == NamePartKind::Text)
         json.member("text", border.shown(part.text));
-        break;
-    case NamePartKind::Number:
-        json.member("kind", "number");
+    if (part.kind == NamePartKind::Number)
         json.member("smallest", part.baseNumber);
-        break;
-    case NamePartKind::Wild:
-        json.member("kind", "wild");
-        if (part.mustStartWithDot)
-            json.member("mustStartWithDot", true);
-        break;
-    }
+    if (part.kind == NamePartKind::Wild && part.mustStartWithDot)
+        json.member("mustStartWithDot", true);
     json.end_object();
 }
 

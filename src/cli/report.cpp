@@ -32,4 +32,14 @@ RowCounts count_rows(const FilesReport& report)
     return counts;
 }
 
+std::string_view kind_word(NamePartKind kind)
+{
+    switch (kind) {
+    case NamePartKind::Text: return "text";
+    case NamePartKind::Number: return "number";
+    case NamePartKind::Wild: return "wild";
+    }
+    return {};
+}
+
 } // namespace multirename

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -40,5 +41,8 @@ struct RowCounts {
 
 /// Whether the row stands in the way of a rename, or was left behind by it.
 [[nodiscard]] bool has_problem(const FilesReport& report, std::size_t row);
+
+/// "text", "number" or "wild".
+[[nodiscard]] std::string_view kind_word(NamePartKind kind);
 
 } // namespace multirename

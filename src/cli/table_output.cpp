@@ -1,13 +1,10 @@
 #include "cli/table_output.h"
 
 #include <algorithm>
-#include <array>
-#include <cstdio>
 #include <span>
 
 #include "cli/printable.h"
 #include "platform/native_text.h"
-#include "text/surrogates.h"
 #include "text/utf8.h"
 
 namespace multirename {
@@ -188,26 +185,6 @@ std::string count_line(const FilesReport& report)
     return line + ".\n";
 }
 
-std::u16string part_text(const NamePart& part, const NameBorder& border)
-{
-    switch (part.kind) {
-    case NamePartKind::Text: return border.shown(part.text);
-    case NamePartKind::Number: return u"#";
-    case NamePartKind::Wild: return u"*";
-    }
-    return {};
-}
-
-std::string_view kind_word(NamePartKind kind)
-{
-    switch (kind) {
-    case NamePartKind::Text: return "text";
-    case NamePartKind::Number: return "number";
-    case NamePartKind::Wild: return "wild";
-    }
-    return {};
-}
-
 // What a person should know of a part beside its text.
 std::string remark(const NamePart& part)
 {
@@ -218,64 +195,17 @@ std::string remark(const NamePart& part)
     return {};
 }
 
-void append_escaped(std::string& field, std::string_view bytes)
-{
-    for (const char c : bytes) {
-        switch (c) {
-        case '\t': field += "\\t"; break;
-        case '\n': field += "\\n"; break;
-        case '\r': field += "\\r"; break;
-        case '\\': field += "\\\\"; break;
-        default: field.push_back(c);
-        }
-    }
-}
-
-// Stray bytes are themselves; a half of a pair has no bytes.
-std::string field(std::u16string_view text)
-{
-    std::string escaped;
-    std::size_t start = 0;
-    for (std::size_t i = 0; (i = find_lone_half(text, i)) != std::u16string_view::npos; ++i) {
-        if (stands_for_byte(text[i]))
-            continue;
-        append_escaped(escaped, to_bytes(text.substr(start, i - start)));
-        std::array<char, 8> half{};
-        std::snprintf(half.data(), half.size(), "\\u%04x", static_cast<unsigned>(text[i]));
-        escaped += half.data();
-        start = i + 1;
-    }
-    append_escaped(escaped, to_bytes(text.substr(start)));
-    return escaped;
-}
-
-std::string field(std::string_view bytes)
-{
-    std::string escaped;
-    append_escaped(escaped, bytes);
-    return escaped;
-}
-
-std::string tsv_line(std::initializer_list<std::string> fields)
-{
-    std::string line;
-    for (const std::string& each : fields)
-        line.append(&each == fields.begin() ? "" : "\t").append(each);
-    return line + "\n";
-}
-
-std::string_view truth(bool value) { return value ? "true" : "false"; }
-
 } // namespace
 
 std::string pattern_as_table(const RenameRun& run, const NameBorder& border)
 {
     std::string text = "Pattern: " + printable(border.shown(run.pattern().patternText)) + "\n\n";
     std::vector<Line> lines{{cell("Part"), cell("Kind"), cell("Text"), cell("")}};
-    std::size_t number = 0;
-    for (const NamePart& part : run.pattern().parts)
-        lines.push_back({cell(std::to_string(++number)), cell(kind_word(part.kind)), cell(part_text(part, border)),
+    for (std::size_t i = 0; i < run.pattern().parts.size(); ++i) {
+        const NamePart& part = run.pattern().parts[i];
+        lines.push_back({cell(std::to_string(i + 1)), cell(kind_word(part.kind)), cell(border.shown(run.part_label(i))),
                          cell(remark(part))});
+    }
     return text + aligned(lines, SIZE_MAX);
 }
 
@@ -303,49 +233,6 @@ std::string batches_as_table(const std::vector<BatchSummary>& batches)
         lines.push_back({cell(batch.id), cell(local_text(batch.created)), cell(std::to_string(batch.names)),
                          cell(shown_native_path(path_from_native(batch.folder)))});
     return aligned(lines, SIZE_MAX);
-}
-
-std::string pattern_as_tsv(const RenameRun& run, const NameBorder& border)
-{
-    std::string text = "part\tkind\ttext\tsmallest\n";
-    std::size_t number = 0;
-    for (const NamePart& part : run.pattern().parts) {
-        const bool is_number = part.kind == NamePartKind::Number;
-        text += tsv_line({std::to_string(++number), std::string(kind_word(part.kind)), field(part_text(part, border)),
-                          is_number ? std::to_string(part.baseNumber) : std::string()});
-    }
-    return text;
-}
-
-std::string files_as_tsv(const FilesReport& report)
-{
-    std::string text = "old\tnew\tfolder\tstatus\tinScope\tmatched\n";
-    for (std::size_t row = 0; row < report.run.row_count(); ++row) {
-        const Filename& entry = report.run.row_entry(row);
-        text += tsv_line({field(report.border.shown(entry.name)), field(report.border.shown(entry.new_name)),
-                          field(shown_folder(report, entry)), std::to_string(static_cast<std::uint32_t>(entry.status)),
-                          std::string(truth(entry.in_scope)), std::string(truth(report.run.fits_pattern(row)))});
-    }
-    return text;
-}
-
-std::string batches_as_tsv(const std::vector<BatchSummary>& batches)
-{
-    std::string text = "batch\ttime\tnames\tfolder\n";
-    for (const BatchSummary& batch : batches)
-        text += tsv_line({batch.id, utc_text(batch.created), std::to_string(batch.names),
-                          field(shown_native_path(path_from_native(batch.folder)))});
-    return text;
-}
-
-std::string undo_as_tsv(const UndoReport& report)
-{
-    std::string text = "folder\told\tnew\treason\n";
-    for (const LeftEntry& left : report.left)
-        text += tsv_line({field(shown_native_path(path_from_native(left.entry.folder))),
-                          field(shown_native_name(name_from_native(left.entry.old_name))),
-                          field(shown_native_name(name_from_native(left.entry.new_name))), field(left.reason)});
-    return text;
 }
 
 } // namespace multirename

@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
+#include "cli/batches.h"
 #include "cli/report.h"
-#include "cli/undo.h"
 
 namespace multirename {
 
@@ -20,13 +20,5 @@ struct TableStyle {
 [[nodiscard]] std::string files_as_table(const FilesReport& report, const TableStyle& style);
 
 [[nodiscard]] std::string batches_as_table(const std::vector<BatchSummary>& batches);
-
-// The same for scripts: a line of column names, then one line each with tabs between the fields, in the order of the
-// paths. A tab, line break or backslash in a field is written \t, \n, \r or \\.
-
-[[nodiscard]] std::string pattern_as_tsv(const RenameRun& run, const NameBorder& border);
-[[nodiscard]] std::string files_as_tsv(const FilesReport& report);
-[[nodiscard]] std::string batches_as_tsv(const std::vector<BatchSummary>& batches);
-[[nodiscard]] std::string undo_as_tsv(const UndoReport& report);
 
 } // namespace multirename

@@ -5,6 +5,7 @@
 #include "cli/printer.h"
 #include "cli/progress_bar.h"
 #include "cli/table_output.h"
+#include "cli/tsv_output.h"
 #include "cli/undo.h"
 #include "platform/error_text.h"
 #include "platform/user_folders.h"
