@@ -20,6 +20,13 @@ TEST(NameKey, RaisesLettersBeyondAsciiToo)
     EXPECT_EQ(name_key(u"\u0436\u03C9"), u"\u0416\u03A9");
 }
 
+TEST(NameKey, OfLettersThatShareAnUpperCaseRaisesTheOneThatItLeadsBackTo)
+{
+    EXPECT_EQ(name_key(u"i\u03C3\u0443"), u"I\u03A3\u0423");
+    const std::u16string others = u"\u0131\u03C2\u017F\u00B5\u01C5\u1E9B\u1FBE\u1C82\u0345";
+    EXPECT_EQ(name_key(others), others);
+}
+
 TEST(NameKey, DoesNotFollowTheLocale)
 {
     const std::string before = std::setlocale(LC_CTYPE, nullptr);

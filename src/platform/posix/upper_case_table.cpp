@@ -14,6 +14,9 @@ UpperCaseTable make_upper_case_table()
         wint_t upper = code;
         if (locale != nullptr)
             upper = towupper_l(code, locale);
+        // As on Windows a letter whose upper case is that of another letter, such as the dotless i, stays itself.
+        if (locale != nullptr && towlower_l(upper, locale) != code)
+            upper = code;
         else if (code >= L'a' && code <= L'z')
             upper = code - (L'a' - L'A');
         // One unit stays one unit.
