@@ -189,7 +189,14 @@ TEST_F(WindowsConsoleTest, PipesATextToACommandAndWaitsForIt)
 
 TEST_F(WindowsConsoleTest, KeysThatEndAProgramAreForTheCommandAlone)
 {
-    EXPECT_EQ(status_in_own_console(L"WindowsCommand.DISABLED_IsLeftTheKeys"), went_well);
+    // The processes of a console are told one after the other. When the shell between the two is told first and ends at
+    // once, the key comes to this side after the command, and rightly ends it; so not every try shows what is meant.
+    // Keys that are not left to the command end every try.
+    constexpr int tries = 20;
+    bool was_left_the_keys = false;
+    for (int i = 0; i < tries && !was_left_the_keys; ++i)
+        was_left_the_keys = status_in_own_console(L"WindowsCommand.DISABLED_IsLeftTheKeys") == went_well;
+    EXPECT_TRUE(was_left_the_keys);
 }
 
 TEST_F(WindowsConsoleTest, ACommandNeedNotReadAllOfTheText)
