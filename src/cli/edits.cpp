@@ -9,6 +9,7 @@
 #include "run/part_menu.h"
 #include "run/pasted_names.h"
 #include "text/decimal.h"
+#include "text/surrogates.h"
 
 namespace multirename {
 
@@ -112,10 +113,9 @@ struct Replacement {
 
 Replacement replacement_of(const EditWords& words, const NameBorder& border)
 {
-    std::u16string_view rest;
     const std::u16string typed = border.typed(words.value());
-    rest = typed;
-    const bool is_pair = rest.size() > 1 && rest[0] >= 0xD800 && rest[0] <= 0xDBFF;
+    std::u16string_view rest = typed;
+    const bool is_pair = is_pair_at(rest, 0);
     const std::u16string_view separator = rest.substr(0, is_pair ? 2 : 1);
     rest.remove_prefix(separator.size());
     const std::size_t middle = separator.empty() ? std::u16string_view::npos : rest.find(separator);

@@ -12,11 +12,12 @@ constexpr std::size_t bar_columns = 30;
 
 } // namespace
 
-ProgressBar::ProgressBar(Console& console, std::string_view verb, std::size_t total) :
+ProgressBar::ProgressBar(Console& console, std::string_view verb, std::size_t total, Now now) :
     console_(console),
     verb_(verb),
     total_(total),
-    next_drawing_(Clock::now() + patience),
+    now_(now),
+    next_drawing_(now() + patience),
     is_wanted_(total > 0 && console.errors_are_terminal())
 {
 }
@@ -30,7 +31,7 @@ ProgressBar::~ProgressBar()
 void ProgressBar::advance()
 {
     ++done_;
-    if (is_wanted_ && Clock::now() >= next_drawing_)
+    if (is_wanted_ && now_() >= next_drawing_)
         draw();
 }
 
@@ -41,7 +42,7 @@ void ProgressBar::draw()
         std::string(bar_columns - filled, '.') + "] " + std::to_string(done_) + " of " + std::to_string(total_);
     console_.write_error(line + "\x1b[K");
     is_shown_ = true;
-    next_drawing_ = Clock::now() + between_drawings;
+    next_drawing_ = now_() + between_drawings;
 }
 
 } // namespace multirename

@@ -12,7 +12,11 @@ namespace multirename {
 /// than a second. Leaves the line empty behind it.
 class ProgressBar {
 public:
-    ProgressBar(Console& console, std::string_view verb, std::size_t total);
+    using Clock = std::chrono::steady_clock;
+    /// Tells the time; tests bring their own.
+    using Now = Clock::time_point (*)();
+
+    ProgressBar(Console& console, std::string_view verb, std::size_t total, Now now = &Clock::now);
     ProgressBar(const ProgressBar&) = delete;
     ProgressBar& operator=(const ProgressBar&) = delete;
     ~ProgressBar();
@@ -21,12 +25,12 @@ public:
     void advance();
 
 private:
-    using Clock = std::chrono::steady_clock;
     void draw();
 
     Console& console_;
     std::string_view verb_;
     std::size_t total_;
+    Now now_;
     std::size_t done_ = 0;
     Clock::time_point next_drawing_;
     bool is_shown_ = false;
