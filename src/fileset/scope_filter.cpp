@@ -1,9 +1,10 @@
-// A failed try goes back to the last "*", which then gives its rest one unit less. Whether that rest fits from a place
-// does not depend on how the place was reached, so a rest that failed once is never tried there again.
+// A failed try goes back to the last "*", which then gives its rest one unit less. The "*" before it need not be tried
+// again: with more text for them, what stands between two "*" never ends earlier, and what the last one has tried
+// includes all that would be left to it then.
 
 #include "fileset/scope_filter.h"
 
-#include <vector>
+#include <optional>
 
 #include "text/decimal.h"
 
@@ -19,6 +20,13 @@ struct Cursor {
 bool is_used_up(std::u16string_view pattern, std::size_t position)
 {
     return pattern.find_first_not_of(u"*/", position) == std::u16string_view::npos;
+}
+
+// With nothing behind it but "*" and a last "/", a "*" can only stand where the text is used up: its rest is tried
+// while a unit is left, and then the "/" leaves that over.
+bool wants_the_end(std::u16string_view pattern, std::size_t position)
+{
+    return pattern.ends_with(u'/') && is_used_up(pattern, position);
 }
 
 // Takes one pattern character other than "*" and what it stands for in the text, of which something is left. False when
@@ -45,10 +53,7 @@ bool take_one(std::u16string_view pattern, std::u16string_view text, Cursor& at)
 
 bool matches_scope_pattern(std::u16string_view pattern, std::u16string_view text)
 {
-    std::vector<Cursor> retries; // for each "*" passed: just after it, and where its rest was last tried
-    std::vector<bool> failed; // by pattern and text position: a rest that does not fit
-    const auto slot = [&](Cursor rest) { return rest.pattern * text.size() + rest.text; };
-    const auto has_failed = [&](Cursor rest) { return !failed.empty() && failed[slot(rest)]; };
+    std::optional<Cursor> retry; // just behind the last "*" that was passed, and where its rest was last tried
     Cursor at;
     while (true) {
         bool fits = false;
@@ -58,25 +63,17 @@ bool matches_scope_pattern(std::u16string_view pattern, std::u16string_view text
         } else if (at.pattern < pattern.size() && pattern[at.pattern] == u'*') {
             if (++at.pattern == pattern.size())
                 return true;
-            fits = !has_failed(at);
+            fits = !wants_the_end(pattern, at.pattern);
             if (fits)
-                retries.push_back(at);
+                retry = at;
         } else if (at.pattern < pattern.size()) {
             fits = take_one(pattern, text, at);
         }
         if (fits)
             continue;
-        failed.resize(pattern.size() * text.size());
-        while (!retries.empty()) {
-            failed[slot(retries.back())] = true;
-            if (++retries.back().text < text.size() && !has_failed(retries.back()))
-                break;
-            if (retries.back().text == text.size())
-                retries.pop_back();
-        }
-        if (retries.empty())
+        if (!retry || ++retry->text >= text.size())
             return false;
-        at = retries.back();
+        at = *retry;
     }
 }
 

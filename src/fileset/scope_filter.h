@@ -18,7 +18,7 @@ struct ScopeFilter {
 /// left for that rest; "?" takes one character; "#" takes the longest run of one or more digits and never a shorter
 /// one; "\" makes the next pattern character literal; "/" matches nothing and is skipped. Once the text is used up,
 /// "*" and "/" at the end of the pattern are skipped.
-/// O(pattern × text) at worst, however many "*" there are.
+/// O(pattern × text) at worst, however many "*" there are, and no memory.
 [[nodiscard]] bool matches_scope_pattern(std::u16string_view pattern, std::u16string_view text);
 
 } // namespace multirename
