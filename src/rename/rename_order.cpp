@@ -7,39 +7,61 @@
 #include "rename/rename_order.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <numeric>
 
 namespace multirename {
 
-std::vector<std::size_t> rename_order(std::span<const std::optional<std::size_t>> holder)
+namespace {
+
+constexpr std::size_t nobody = SIZE_MAX;
+constexpr std::uint32_t never = UINT32_MAX;
+
+// By holder, the entry that wants its name.
+std::vector<std::size_t> waiting_for(std::span<const std::optional<std::size_t>> holder)
 {
-    const std::size_t count = holder.size();
-    std::vector<std::optional<std::size_t>> waiting(count); // by holder: the entry that wants its name
-    for (std::size_t i = 0; i < count; ++i) {
+    std::vector<std::size_t> waiting(holder.size(), nobody);
+    for (std::size_t i = 0; i < holder.size(); ++i) {
         if (holder[i] && *holder[i] != i)
             waiting[*holder[i]] = i;
     }
+    return waiting;
+}
 
-    std::vector<std::vector<std::size_t>> passes;
-    for (std::size_t first = 0; first < count; ++first) {
+std::vector<std::uint32_t> pass_of_each(std::span<const std::optional<std::size_t>> holder)
+{
+    const std::vector<std::size_t> waiting = waiting_for(holder);
+    std::vector<std::uint32_t> pass_of(holder.size(), never);
+    for (std::size_t first = 0; first < holder.size(); ++first) {
         if (holder[first] && *holder[first] != first)
             continue;
-        std::size_t pass = 0;
-        for (std::optional<std::size_t> mover = first; mover;) {
-            if (pass == passes.size())
-                passes.emplace_back();
-            passes[pass].push_back(*mover);
-            const std::optional<std::size_t> next = waiting[*mover];
-            if (next && *next < *mover)
+        std::uint32_t pass = 0;
+        for (std::size_t mover = first; mover != nobody; mover = waiting[mover]) {
+            pass_of[mover] = pass;
+            if (waiting[mover] < mover)
                 ++pass;
-            mover = next;
         }
     }
+    return pass_of;
+}
 
-    std::vector<std::size_t> order;
-    order.reserve(count);
-    for (std::vector<std::size_t>& pass : passes) {
-        std::sort(pass.begin(), pass.end());
-        order.insert(order.end(), pass.begin(), pass.end());
+} // namespace
+
+std::vector<std::size_t> rename_order(std::span<const std::optional<std::size_t>> holder)
+{
+    const std::vector<std::uint32_t> pass_of = pass_of_each(holder);
+    std::vector<std::size_t> places; // where in the order each pass begins
+    for (const std::uint32_t pass : pass_of) {
+        if (pass == never)
+            continue;
+        places.resize(std::max<std::size_t>(places.size(), pass + 2), 0);
+        ++places[pass + 1];
+    }
+    std::partial_sum(places.begin(), places.end(), places.begin());
+    std::vector<std::size_t> order(places.empty() ? 0 : places.back());
+    for (std::size_t i = 0; i < pass_of.size(); ++i) {
+        if (pass_of[i] != never)
+            order[places[pass_of[i]]++] = i;
     }
     return order;
 }
