@@ -26,11 +26,11 @@ std::string reason_of(const std::error_code& error)
 BatchRename::BatchRename(Batches& batches, Console& console) : batches_(batches), console_(console) { }
 BatchRename::~BatchRename() = default;
 
-void BatchRename::rename(OwnerWindow, const std::vector<std::shared_ptr<Filename>>& entries)
+void BatchRename::rename(OwnerWindow, std::span<const Filename* const> entries)
 {
     std::vector<JournalEntry> moves;
     moves.reserve(entries.size());
-    for (const auto& entry : entries)
+    for (const Filename* entry : entries)
         moves.push_back(
             {native_from_path(entry->folder->path), native_from_name(entry->name), native_from_name(entry->new_name)});
     const auto now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
@@ -39,7 +39,7 @@ void BatchRename::rename(OwnerWindow, const std::vector<std::shared_ptr<Filename
                       "The journal, from which undo takes names back, cannot be written to \"" +
                           native_bytes(batches_.folder()) + "\": " + error_text(error) +
                           ". Nothing was renamed. XDG_STATE_HOME can name another folder for it.");
-    entries_ = &entries;
+    entries_ = entries;
     progress_ = std::make_unique<ProgressBar>(console_, "Renaming", entries.size());
     interruption_ = std::make_unique<Interruption>();
     carry_out(moves, *this);
@@ -49,7 +49,7 @@ void BatchRename::rename(OwnerWindow, const std::vector<std::shared_ptr<Filename
         if (batch_.state(i) != EntryState::Planned)
             continue;
         batch_.mark(i, EntryState::Failed);
-        reasons_.emplace(entries[i].get(), "the batch was stopped before its turn");
+        reasons_.emplace(entries[i], "the batch was stopped before its turn");
     }
     batch_.close();
 }
@@ -64,7 +64,7 @@ void BatchRename::moved(std::size_t index, const std::error_code& error)
 {
     batch_.mark(index, error ? EntryState::Failed : EntryState::Renamed);
     if (error)
-        reasons_.emplace((*entries_)[index].get(), reason_of(error));
+        reasons_.emplace(entries_[index], reason_of(error));
     else
         ++renamed_;
     progress_->advance();

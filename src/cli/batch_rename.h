@@ -1,9 +1,9 @@
 #pragma once
 
 #include <memory>
+#include <span>
 #include <string>
 #include <system_error>
-#include <vector>
 
 #include "cli/batches.h"
 #include "cli/carry_out.h"
@@ -26,7 +26,7 @@ public:
     void announce() override { }
     [[nodiscard]] bool is_cancelled() override { return false; }
     /// Throws Failure when the journal cannot be written; nothing was renamed then.
-    void rename(OwnerWindow owner, const std::vector<std::shared_ptr<Filename>>& entries) override;
+    void rename(OwnerWindow owner, std::span<const Filename* const> entries) override;
 
     [[nodiscard]] std::size_t renamed() const noexcept { return renamed_; }
     /// Those that were not renamed, and why.
@@ -43,7 +43,7 @@ private:
     Batches& batches_;
     Console& console_;
     Batch batch_;
-    const std::vector<std::shared_ptr<Filename>>* entries_ = nullptr;
+    std::span<const Filename* const> entries_;
     std::unique_ptr<ProgressBar> progress_;
     std::unique_ptr<Interruption> interruption_;
     std::size_t renamed_ = 0;

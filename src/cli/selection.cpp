@@ -61,15 +61,14 @@ std::vector<std::string> items_of(std::string_view bytes, bool nul_ended)
     return items;
 }
 
-FolderListing SelectedFiles::NamesDisk::list_folder(std::u16string_view)
+FolderListing SelectedFiles::NamesDisk::list_folder(std::u16string_view, const EntryVisitor& visit)
 {
-    FolderListing listing;
+    DirectoryEntry entry;
     for (const std::u16string& name : names) {
-        DirectoryEntry entry;
         entry.name = name;
-        listing.entries.push_back(std::move(entry));
+        visit(entry);
     }
-    return listing;
+    return {};
 }
 
 SelectedFiles::SelectedFiles(const Selection& selection, Console& console) :
@@ -130,9 +129,9 @@ void SelectedFiles::take_folder(const Selection& selection, const std::u16string
     const RenameFolder& folder = files_.open_folder(path);
     if (folder.listing_error)
         refuse_folder(path, folder.listing_error);
-    for (const auto& entry : *folder.entries) {
-        if ((selection.folders || !entry->is_folder) && (selection.hidden || !entry->is_hidden))
-            files_.add_entry(path, entry->name);
+    for (Filename& entry : *folder.entries) {
+        if ((selection.folders || !entry.is_folder) && (selection.hidden || !entry.is_hidden))
+            files_.add_entry(entry);
     }
 }
 

@@ -28,7 +28,8 @@ private:
     class NamesDisk final : public Disk {
     public:
         std::vector<std::u16string> names;
-        FolderListing list_folder(std::u16string_view folder_path) override;
+        FolderListing list_folder(std::u16string_view folder_path, const EntryVisitor& visit) override;
+        void read_details(std::u16string_view, DirectoryEntry& entry) override { entry.has_details = true; }
         std::optional<std::u16string> working_directory() override { return std::nullopt; }
         bool tells_folders_apart_by_case() override { return false; }
     };

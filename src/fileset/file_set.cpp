@@ -1,6 +1,7 @@
 #include "fileset/file_set.h"
 
 #include <algorithm>
+#include <array>
 
 #include "platform/name_key.h"
 
@@ -9,6 +10,7 @@ namespace multirename {
 namespace {
 
 constexpr std::size_t first_too_long_path = 260;
+constexpr std::size_t names_at_once = 64;
 
 // The status of one folder, and likewise of all folders together: what stays Ready when nothing was added, takes the
 // first that is added, and falls to Pending when two differ.
@@ -24,12 +26,12 @@ Status folder_status(const RenameFolder& folder)
 {
     bool found = false;
     Status common = Status::Ready;
-    for (const auto& entry : *folder.entries) {
-        if (!entry->in_scope || entry->status == Status::Ready || entry->status == Status::Unchanged)
+    for (const Filename& entry : *folder.entries) {
+        if (!entry.in_scope || entry.status == Status::Ready || entry.status == Status::Unchanged)
             continue;
-        if (found && entry->status != common)
+        if (found && entry.status != common)
             return Status::Pending;
-        common = entry->status;
+        common = entry.status;
         found = true;
     }
     return common;
@@ -40,14 +42,21 @@ Status folder_status(const RenameFolder& folder)
 bool FileSet::add_paths(std::span<const std::u16string> paths)
 {
     std::shared_ptr<RenameFolder> current;
+    std::vector<std::u16string_view> names; // that wait to be listed in the current folder
+    const auto list_names = [&] {
+        if (current != nullptr)
+            list_entries(*current, names);
+        names.clear();
+    };
     for (const std::u16string& path : paths) {
         if (path.size() >= first_too_long_path)
             continue;
         const std::size_t backslash = path.rfind(u'\\');
         const bool is_bare_name = backslash == std::u16string::npos;
-        const std::u16string_view name = std::u16string_view(path).substr(is_bare_name ? 0 : backslash + 1);
-        if (!is_bare_name) {
-            current = find_or_add_folder(std::u16string_view(path).substr(0, backslash + 1));
+        const std::u16string_view folder_path = std::u16string_view(path).substr(0, is_bare_name ? 0 : backslash + 1);
+        if (!is_bare_name && (current == nullptr || current->path != folder_path)) {
+            list_names();
+            current = find_or_add_folder(folder_path);
         } else if (current == nullptr) {
             std::optional<std::u16string> directory = disk_.working_directory();
             if (!directory)
@@ -56,14 +65,20 @@ bool FileSet::add_paths(std::span<const std::u16string> paths)
                 directory->push_back(u'\\');
             current = find_or_add_folder(*directory);
         }
-        list_entry(*current, name);
+        names.push_back(std::u16string_view(path).substr(folder_path.size()));
+        if (names.size() == names_at_once)
+            list_names();
     }
+    list_names();
     return !listed.empty();
 }
 
-std::shared_ptr<Filename> FileSet::add_entry(std::u16string_view folder_path, std::u16string_view name)
+Filename* FileSet::add_entry(std::u16string_view folder_path, std::u16string_view name)
 {
-    return list_entry(*find_or_add_folder(folder_path), name);
+    Filename* const entry = open_folder(folder_path).find(name);
+    if (entry != nullptr)
+        add_entry(*entry);
+    return entry;
 }
 
 RenameFolder& FileSet::open_folder(std::u16string_view folder_path)
@@ -74,18 +89,25 @@ RenameFolder& FileSet::open_folder(std::u16string_view folder_path)
     return folder;
 }
 
-std::shared_ptr<Filename> FileSet::list_entry(RenameFolder& folder, std::u16string_view name)
+void FileSet::list_entries(RenameFolder& folder, std::span<const std::u16string_view> names)
 {
     if (folder.entries == nullptr)
         folder.load(disk_);
-    auto entry = folder.find(name);
-    if (entry == nullptr)
-        return nullptr;
-    entry->not_listed = false;
-    listed.push_back(entry);
-    if (!entry->is_folder)
+    const Filename* const last = listed.empty() || listed.back()->folder != &folder ? nullptr : listed.back();
+    std::array<Filename*, names_at_once> found{};
+    folder.entries->find_each(last, names, found);
+    for (Filename* entry : std::span(found).first(names.size())) {
+        if (entry != nullptr)
+            add_entry(*entry);
+    }
+}
+
+void FileSet::add_entry(Filename& entry)
+{
+    entry.not_listed = false;
+    listed.push_back(&entry);
+    if (!entry.is_folder)
         has_plain_file = true;
-    return entry;
 }
 
 std::shared_ptr<RenameFolder> FileSet::find_or_add_folder(std::u16string_view folder_path)
@@ -105,13 +127,14 @@ std::shared_ptr<RenameFolder> FileSet::find_or_add_folder(std::u16string_view fo
 bool FileSet::mark_scope(const ScopeFilter& filter)
 {
     bool changed = false;
+    std::u16string key;
     for_each_entry([&](Filename& entry) {
         if (entry.not_listed)
             return;
-        const std::u16string_view key = filter.includes_extension ? entry.key : base_name(entry.key);
+        name_key(filter.includes_extension ? entry.name : base_name(entry.name), key);
         const bool in_scope = filter.text.empty() || matches_scope_pattern(filter.pattern, key);
         if (!in_scope)
-            entry.new_name.clear();
+            entry.new_name = {};
         changed = changed || in_scope != entry.in_scope;
         entry.in_scope = in_scope;
     });

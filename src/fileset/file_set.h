@@ -11,6 +11,7 @@
 #include "fileset/rename_folder.h"
 #include "fileset/scope_filter.h"
 #include "platform/disk.h"
+#include "text/text_store.h"
 
 namespace multirename {
 
@@ -41,10 +42,13 @@ public:
     Status summary_status = Status::Ready; ///< see `summarise`
     bool any_planned = false;
     bool any_change = false;
-    bool any_read_only_change = false;
+    bool any_read_only_change = false; ///< as far as is known without asking for details
     bool has_plain_file = false; ///< some listed entry is not a folder
     /// The listed entries in the order of the host's paths; a path given twice stands twice and shares one record.
-    std::vector<std::shared_ptr<Filename>> listed;
+    std::vector<Filename*> listed;
+    /// The texts of new names that were pasted, and of those that were made, which are all made again on each change.
+    TextStore pasted_names;
+    TextStore made_names;
 
     /// Lists every entry that the paths name and that exists. Bad paths are left out silently: those of 260 characters
     /// or more, names that their folder does not have, folders that cannot be read. A path without "\" is a name in
@@ -54,7 +58,10 @@ public:
 
     /// Lists the entry of that name in the folder whose path, ending in "\", is given, however long they are. Null,
     /// and nothing is done, when the folder has no such entry.
-    std::shared_ptr<Filename> add_entry(std::u16string_view folder_path, std::u16string_view name);
+    Filename* add_entry(std::u16string_view folder_path, std::u16string_view name);
+
+    /// Lists this entry, which one of the folders holds.
+    void add_entry(Filename& entry);
 
     /// The folder with this path, ending in "\", read when it was not yet.
     RenameFolder& open_folder(std::u16string_view folder_path);
@@ -85,13 +92,13 @@ public:
         for (const auto& folder : folders) {
             if (folder->entries == nullptr)
                 continue;
-            for (const auto& entry : *folder->entries)
-                visit(*entry);
+            for (Filename& entry : *folder->entries)
+                visit(entry);
         }
     }
 
 private:
-    std::shared_ptr<Filename> list_entry(RenameFolder& folder, std::u16string_view name);
+    void list_entries(RenameFolder& folder, std::span<const std::u16string_view> names);
 
     Disk& disk_;
 };

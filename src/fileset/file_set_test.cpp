@@ -13,7 +13,7 @@ Names listed_names(const FileSet& files)
 {
     Names names;
     for (const auto& entry : files.listed)
-        names.push_back(entry->name);
+        names.emplace_back(entry->name);
     return names;
 }
 
@@ -441,17 +441,17 @@ TEST(ResetCounters, ZeroesTheFoldersCountersAndTheEntriesPositions)
     TestFiles test({u"C:\\A\\a", u"C:\\B\\b"}, {u"C:\\A\\beside"});
     for (const auto& folder : test.files.folders) {
         folder->next_sequence = 7;
-        for (const auto& entry : *folder->entries) {
-            entry->sequence = 3;
-            entry->folder_sequence = 4;
+        for (Filename& entry : *folder->entries) {
+            entry.sequence = 3;
+            entry.folder_sequence = 4;
         }
     }
     test.files.reset_counters();
     for (const auto& folder : test.files.folders) {
         EXPECT_EQ(folder->next_sequence, 0U);
-        for (const auto& entry : *folder->entries) {
-            EXPECT_EQ(entry->sequence, 0U);
-            EXPECT_EQ(entry->folder_sequence, 4U);
+        for (const Filename& entry : *folder->entries) {
+            EXPECT_EQ(entry.sequence, 0U);
+            EXPECT_EQ(entry.folder_sequence, 4U);
         }
     }
 }

@@ -1,12 +1,11 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "platform/file_time.h"
+#include "platform/name_key.h"
 
 namespace multirename {
 
@@ -26,54 +25,34 @@ enum class Status : std::uint32_t {
     Forbidden = 9, ///< the pattern holds text that no name may hold
 };
 
-/// One entry of a folder, a file or a sub-folder.
+/// One entry of a folder, a file or a sub-folder. The texts lie elsewhere: those of names with the entry's folder,
+/// those of new names with whoever makes them.
 struct Filename {
-    bool is_folder = false;
-    std::u16string key; ///< `name` in upper case; every comparison and look-up of names goes through it
-    std::u16string name; ///< as on disk, without the folder
+    std::u16string_view name; ///< as on disk, without the folder
+    std::u16string_view new_name;
     FileTime other_time = 0; ///< last write
     FileTime created = 0;
     std::uint64_t size = 0; ///< bytes
-    bool read_only = false;
-    bool in_scope = false; ///< takes part in the rename: listed, and covered by the pattern
-    bool not_listed = true; ///< cleared when the host's paths name this entry
-    bool manual_name = false; ///< `new_name` was pasted; the pattern leaves it alone
+    RenameFolder* folder = nullptr; ///< the folder that holds this record; it outlives the record's use
     Status status = Status::Pending;
     std::uint32_t sequence = 0; ///< position in the names list, from 0
     std::uint32_t folder_sequence = 0; ///< position among its folder's entries in the names list, from 0
-    std::u16string new_name;
+    bool is_folder = false;
+    bool in_scope = false; ///< takes part in the rename: listed, and covered by the pattern
+    bool not_listed = true; ///< cleared when the host's paths name this entry
+    bool manual_name = false; ///< `new_name` was pasted; the pattern leaves it alone
     bool is_hidden = false; ///< listings of its folder leave it out unless asked for it
-    RenameFolder* folder = nullptr; ///< the folder that holds this record; it outlives the record's use
+    /// Whether the times, the size and `read_only` are known; see `RenameFolder::read_details`.
+    bool has_details = false;
+    bool read_only = false;
+
+    /// `name` in upper case; every comparison and look-up of names goes by it.
+    [[nodiscard]] std::u16string key() const { return name_key(name); }
 };
 
 /// Orders entries by their keys, code unit by code unit: no natural order of digit runs, no locale.
 struct FilenameSorter {
-    bool operator()(const std::shared_ptr<Filename>& a, const std::shared_ptr<Filename>& b) const noexcept
-    {
-        return a->key < b->key;
-    }
-};
-
-/// The entries of a folder, sorted by `FilenameSorter`, no two with one key; or, where names that differ only in case
-/// are told apart, no two with one name, and those with one key sorted by their names.
-class FilenameSet {
-public:
-    FilenameSet() = default;
-
-    /// Of entries with one key, or one name where case is told apart, the first stays. O(n log n).
-    explicit FilenameSet(std::vector<std::shared_ptr<Filename>> entries, bool tells_case_apart = false);
-
-    /// The entry with exactly this key, and this name where case is told apart, or null. O(log n).
-    [[nodiscard]] std::shared_ptr<Filename> find(std::u16string_view key, std::u16string_view name) const noexcept;
-
-    [[nodiscard]] std::size_t size() const noexcept { return entries_.size(); }
-    [[nodiscard]] bool empty() const noexcept { return entries_.empty(); }
-    [[nodiscard]] auto begin() const noexcept { return entries_.begin(); }
-    [[nodiscard]] auto end() const noexcept { return entries_.end(); }
-
-private:
-    std::vector<std::shared_ptr<Filename>> entries_;
-    bool tells_case_apart_ = false;
+    bool operator()(const Filename& a, const Filename& b) const noexcept { return compare_keys(a.name, b.name) < 0; }
 };
 
 /// The part of a name before its last ".", or the whole name when it has none.

@@ -2,37 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/name_key.h"
-
 namespace multirename {
 namespace {
-
-std::shared_ptr<Filename> entry_named(std::u16string_view name)
-{
-    auto entry = std::make_shared<Filename>();
-    entry->name = name;
-    entry->key = name_key(name);
-    return entry;
-}
-
-std::vector<std::u16string> names_of(const FilenameSet& set)
-{
-    std::vector<std::u16string> names;
-    for (const auto& entry : set)
-        names.push_back(entry->name);
-    return names;
-}
-
-FilenameSet set_of(const std::vector<std::u16string>& names, bool tells_case_apart = false)
-{
-    std::vector<std::shared_ptr<Filename>> entries;
-    entries.reserve(names.size());
-    for (const std::u16string& name : names)
-        entries.push_back(entry_named(name));
-    return FilenameSet(std::move(entries), tells_case_apart);
-}
-
-using Names = std::vector<std::u16string>;
 
 TEST(Filename, BeginsUnlistedAndOutOfScope)
 {
@@ -64,52 +35,24 @@ TEST(Status, HasTheNumbersThatScriptsSee)
     EXPECT_EQ(static_cast<int>(Status::Forbidden), 9);
 }
 
-TEST(FilenameSet, HasNoNaturalOrderOfNumbers)
+TEST(Filename, HasItsNameInUpperCaseForAKey)
 {
-    EXPECT_EQ(names_of(set_of({u"FILE9", u"FILE10"})), (Names{u"FILE10", u"FILE9"}));
+    Filename entry;
+    entry.name = u"Photo.jpg";
+    EXPECT_EQ(entry.key(), u"PHOTO.JPG");
 }
 
-TEST(FilenameSet, SortsWithoutRegardToCase)
+TEST(FilenameSorter, ComparesWithoutRegardToCase)
 {
-    EXPECT_EQ(names_of(set_of({u"b", u"C", u"a"})), (Names{u"a", u"b", u"C"}));
-}
-
-TEST(FilenameSet, SortsTheUnderscoreAfterAllLetters)
-{
-    EXPECT_EQ(names_of(set_of({u"a_", u"az", u"aA"})), (Names{u"aA", u"az", u"a_"}));
-}
-
-TEST(FilenameSet, SortsByTheValueOfUnits)
-{
-    // As a character the emoji comes last, yet the first unit of its pair lies below U+FF5E.
-    EXPECT_EQ(names_of(set_of({u"\uFF5E", u"\xD83D\xDE00", u"\u20AC"})),
-              (Names{u"\u20AC", u"\xD83D\xDE00", u"\uFF5E"}));
-}
-
-TEST(FilenameSet, TheFirstOfEntriesWithOneKeyStays)
-{
-    EXPECT_EQ(names_of(set_of({u"ab", u"x", u"AB", u"Ab"})), (Names{u"ab", u"x"}));
-    EXPECT_EQ(names_of(set_of({u"AB", u"ab"})), (Names{u"AB"}));
-}
-
-TEST(FilenameSet, FindsByKey)
-{
-    const FilenameSet set = set_of({u"Beta", u"alpha"});
-    ASSERT_NE(set.find(u"BETA", u"beta"), nullptr);
-    EXPECT_EQ(set.find(u"BETA", u"beta")->name, u"Beta");
-    EXPECT_EQ(set.find(u"BET", u"bet"), nullptr);
-    EXPECT_EQ(set.find(u"BETAX", u"betax"), nullptr);
-    EXPECT_EQ(FilenameSet().find(u"BETA", u"beta"), nullptr);
-}
-
-TEST(FilenameSet, WhereCaseIsToldApartNamesThatDifferOnlyInItStandSideBySide)
-{
-    const FilenameSet set = set_of({u"ab", u"x", u"AB", u"Ab", u"ab", u"AA"}, true);
-    EXPECT_EQ(names_of(set), (Names{u"AA", u"AB", u"Ab", u"ab", u"x"}));
-    ASSERT_NE(set.find(u"AB", u"Ab"), nullptr);
-    EXPECT_EQ(set.find(u"AB", u"Ab")->name, u"Ab");
-    EXPECT_EQ(set.find(u"AB", u"aB"), nullptr);
-    EXPECT_EQ(set.find(u"X", u"X"), nullptr);
+    Filename a;
+    Filename b;
+    a.name = u"a";
+    b.name = u"B";
+    EXPECT_TRUE(FilenameSorter()(a, b));
+    EXPECT_FALSE(FilenameSorter()(b, a));
+    b.name = u"A";
+    EXPECT_FALSE(FilenameSorter()(a, b));
+    EXPECT_FALSE(FilenameSorter()(b, a));
 }
 
 TEST(NameSplit, IsAtTheLastPeriod)

@@ -8,43 +8,44 @@ RenameFolder::RenameFolder(std::u16string_view folder_path) : key(name_key(folde
 
 void RenameFolder::load(Disk& disk)
 {
-    FolderListing listing = disk.list_folder(path);
+    disk_ = &disk;
+    FolderEntries found;
+    const FolderListing listing = disk.list_folder(path, [&found](const DirectoryEntry& entry) { found.add(entry); });
     tells_case_apart = listing.tells_case_apart;
     listing_error = listing.error;
-    std::vector<std::shared_ptr<Filename>> records;
-    records.reserve(listing.entries.size());
-    for (DirectoryEntry& entry : listing.entries) {
-        auto record = std::make_shared<Filename>();
-        record->is_folder = entry.is_folder;
-        record->key = name_key(entry.name);
-        record->name = std::move(entry.name);
-        record->other_time = entry.last_write;
-        record->created = entry.created;
-        record->size = entry.size;
-        record->read_only = entry.read_only;
-        record->is_hidden = entry.is_hidden;
-        record->folder = this;
-        records.push_back(std::move(record));
-    }
-    auto loaded = std::make_shared<FilenameSet>(std::move(records), tells_case_apart);
+    if (listing_error)
+        found = {};
+    auto loaded = std::make_shared<FilenameSet>(std::move(found), tells_case_apart);
+    for (Filename& entry : *loaded)
+        entry.folder = this;
     if (entries != nullptr) {
-        for (const auto& old : *entries) {
-            const auto same = old->not_listed ? nullptr : loaded->find(old->key, old->name);
+        for (const Filename& old : *entries) {
+            Filename* const same = old.not_listed ? nullptr : loaded->find(old.name);
             if (same != nullptr)
                 same->not_listed = false;
         }
+        former_entries_.push_back(std::move(entries));
     }
     entries = std::move(loaded);
 }
 
-std::shared_ptr<Filename> RenameFolder::find(std::u16string_view name) const
+Filename* RenameFolder::find(std::u16string_view name) const
 {
-    return entries == nullptr ? nullptr : entries->find(name_key(name), name);
+    return entries == nullptr ? nullptr : entries->find(name);
 }
 
-std::u16string RenameFolder::identity(std::u16string_view name) const
+void RenameFolder::read_details(Filename& entry) const
 {
-    return tells_case_apart ? std::u16string(name) : name_key(name);
+    if (entry.has_details || disk_ == nullptr)
+        return;
+    DirectoryEntry read;
+    read.name = entry.name;
+    disk_->read_details(path, read);
+    entry.other_time = read.last_write;
+    entry.created = read.created;
+    entry.size = read.size;
+    entry.read_only = read.read_only;
+    entry.has_details = true;
 }
 
 } // namespace multirename

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "fileset/filename.h"
+#include "fileset/filename_set.h"
 #include "platform/disk.h"
 
 namespace multirename {
@@ -21,19 +22,24 @@ struct RenameFolder {
     std::shared_ptr<FilenameSet> entries; ///< null until the folder is first listed
     bool tells_case_apart = false; ///< names that differ only in case are different names here
     std::error_code listing_error; ///< why the folder could not be read, when it could not
-    std::vector<std::shared_ptr<Filename>> rename_order; ///< the entries to rename, in an order that is safe
+    std::vector<Filename*> rename_order; ///< the entries to rename, in an order that is safe
     std::uint64_t next_sequence = 0; ///< what the next entry of this folder in the names list is numbered
 
     /// Lists the folder into a new set that replaces the old one. Entries that were listed by the host stay so; all
-    /// else that the old records held is lost. A folder that cannot be read becomes empty.
+    /// else that the old records held is lost, though they stay where they are. A folder that cannot be read becomes
+    /// empty.
     void load(Disk& disk);
 
     /// The entry that has this name, compared without regard to case unless the folder tells case apart; null when
     /// there is none or nothing was listed.
-    [[nodiscard]] std::shared_ptr<Filename> find(std::u16string_view name) const;
+    [[nodiscard]] Filename* find(std::u16string_view name) const;
 
-    /// What two names have in common exactly when this folder takes them for one.
-    [[nodiscard]] std::u16string identity(std::u16string_view name) const;
+    /// Fills in what the listing did not tell of the entry, if there is such.
+    void read_details(Filename& entry) const;
+
+private:
+    Disk* disk_ = nullptr; // that was last listed from
+    std::vector<std::shared_ptr<FilenameSet>> former_entries_;
 };
 
 } // namespace multirename

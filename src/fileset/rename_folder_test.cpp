@@ -33,9 +33,9 @@ TEST(RenameFolder, EachEntryHoldsWhatTheListingTells)
     RenameFolder folder(path);
     folder.load(disk);
     ASSERT_EQ(folder.entries->size(), 1U);
-    const Filename& entry = **folder.entries->begin();
+    const Filename& entry = *folder.entries->begin();
     EXPECT_EQ(entry.name, u"Photo.JPG");
-    EXPECT_EQ(entry.key, u"PHOTO.JPG");
+    EXPECT_EQ(entry.key(), u"PHOTO.JPG");
     EXPECT_TRUE(entry.is_folder);
     EXPECT_TRUE(entry.read_only);
     EXPECT_EQ(entry.size, 5ULL << 32 | 7);
@@ -85,7 +85,7 @@ TEST(RenameFolder, OfNamesThatDifferInCaseOnlyTheFirstListedStays)
     RenameFolder folder(path);
     folder.load(disk);
     ASSERT_EQ(folder.entries->size(), 1U);
-    EXPECT_EQ((*folder.entries->begin())->name, u"a.TXT");
+    EXPECT_EQ(folder.entries->begin()->name, u"a.TXT");
 }
 
 TEST(RenameFolder, ListedAgainItKeepsTheMarksOfListedEntriesAndNothingElse)
@@ -98,7 +98,7 @@ TEST(RenameFolder, ListedAgainItKeepsTheMarksOfListedEntriesAndNothingElse)
     old_entry->not_listed = false;
     old_entry->in_scope = true;
     old_entry->manual_name = true;
-    old_entry->new_name = std::u16string(u"z");
+    old_entry->new_name = u"z";
     old_entry->sequence = 3;
     old_entry->status = Status::Ready;
     folder.find(u"gone")->not_listed = false;
@@ -133,11 +133,32 @@ TEST(RenameFolder, WhereCaseIsToldApartFindsNamesExactly)
     ASSERT_EQ(folder.entries->size(), 2U);
     EXPECT_EQ(folder.find(u"a")->name, u"a");
     EXPECT_EQ(folder.find(u"A")->name, u"A");
-    EXPECT_NE(folder.identity(u"b"), folder.identity(u"B"));
+    EXPECT_FALSE(folder.entries->are_one_name(u"b", u"B"));
     folder.find(u"A")->not_listed = false;
     folder.load(disk);
     EXPECT_FALSE(folder.find(u"A")->not_listed);
     EXPECT_TRUE(folder.find(u"a")->not_listed);
+}
+
+TEST(RenameFolder, AsksForDetailsOnceAndOnlyWhereTheListingDidNotTellThem)
+{
+    FakeDisk disk;
+    disk.gives_details = false;
+    disk.add(path, u"a").size = 5;
+    RenameFolder folder(path);
+    folder.load(disk);
+    Filename& entry = *folder.find(u"a");
+    EXPECT_FALSE(entry.has_details);
+    EXPECT_EQ(entry.size, 0U);
+    EXPECT_EQ(disk.details_read, (std::vector<std::u16string>{}));
+    folder.read_details(entry);
+    folder.read_details(entry);
+    EXPECT_EQ(entry.size, 5U);
+    EXPECT_EQ(disk.details_read, (std::vector<std::u16string>{u"C:\\Some Folder\\a"}));
+    disk.gives_details = true;
+    folder.load(disk);
+    folder.read_details(*folder.find(u"a"));
+    EXPECT_EQ(disk.details_read.size(), 1U);
 }
 
 TEST(RenameFolder, TellsWhyItCouldNotBeRead)

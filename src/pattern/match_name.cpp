@@ -1,12 +1,12 @@
 // Parts are matched one after the other. A wild part first takes as little as it may; whenever something behind it
-// fails, the last wild part takes one more unit and everything behind it is tried again. Whether the rest matches from
-// a place does not depend on what was taken before, so a rest that failed once is never tried again: that keeps many
-// wild parts from multiplying their choices.
+// fails, the last wild part takes more and everything behind it is tried again. The wild parts before it need not be
+// tried again: with more text for them, what stands between two wild parts never ends earlier, and what the last one
+// can still take includes all that would be left to it then.
 
 #include "pattern/match_name.h"
 
 #include <algorithm>
-#include <optional>
+#include <cstring>
 
 #include "fileset/filename.h"
 #include "text/decimal.h"
@@ -17,117 +17,167 @@ namespace {
 
 constexpr std::size_t most_digits = 260;
 
-class Matcher {
-public:
-    Matcher(std::u16string_view text, const std::vector<NamePart>& parts) : text_(text), parts_(parts) { }
+bool starts_with(std::u16string_view text, std::u16string_view start)
+{
+    return text.size() >= start.size() && std::memcmp(text.data(), start.data(), start.size() * sizeof(char16_t)) == 0;
+}
 
-    NameMatch run()
-    {
-        captures_.reserve(parts_.size());
-        bool fits = match_onwards();
-        while (!fits && !open_wilds_.empty()) {
-            if (lengthen_last_wild())
-                fits = match_onwards();
-            else
-                open_wilds_.pop_back();
-        }
-        return {fits, std::move(captures_)};
-    }
-
-private:
-    struct OpenWild {
-        std::size_t part;
-        std::size_t start;
-        std::size_t end;
-    };
-
-    // From the present part and place to the end of both, or to the first part that does not fit.
-    bool match_onwards()
-    {
-        for (; part_ < parts_.size(); ++part_) {
-            const NamePart& part = parts_[part_];
-            const std::optional<std::size_t> length = length_taken(part);
-            if (!length)
-                return false;
-            if (part.kind == NamePartKind::Wild) {
-                open_wilds_.push_back({part_, place_, place_ + *length});
-                if (has_failed(part_, place_ + *length))
-                    return false;
-            }
-            captures_.push_back({&part, text_.substr(place_, *length)});
-            place_ += *length;
-        }
-        return place_ == text_.size();
-    }
-
-    [[nodiscard]] std::optional<std::size_t> length_taken(const NamePart& part) const
-    {
-        const std::u16string_view rest = text_.substr(place_);
-        switch (part.kind) {
-        case NamePartKind::Text:
-            if (rest.starts_with(part.matchText))
-                return part.matchText.size();
-            return std::nullopt;
-        case NamePartKind::Number: {
-            const std::size_t digits = std::min(end_of_digits(rest, 0), most_digits);
-            return digits > 0 ? std::optional(digits) : std::nullopt;
-        }
-        case NamePartKind::Wild: {
-            const auto shortest = static_cast<std::size_t>(std::max(part.minLength, 0));
-            if ((part.mustStartWithDot && !rest.starts_with(u'.')) || rest.size() < shortest)
-                return std::nullopt;
-            return shortest;
-        }
-        }
-        return std::nullopt;
-    }
-
-    // Sets part and place behind the last wild part, which takes more than it did; false when it can take no more.
-    bool lengthen_last_wild()
-    {
-        OpenWild& wild = open_wilds_.back();
-        captures_.resize(wild.part);
-        remember_failed(wild.part, wild.end);
-        if (parts_[wild.part].fixedLength || wild.end == text_.size())
-            return false;
-        ++wild.end;
-        // Whoever found that the rest fails from here has gone on to the end of the text.
-        if (has_failed(wild.part, wild.end))
-            return false;
-        captures_.push_back({&parts_[wild.part], text_.substr(wild.start, wild.end - wild.start)});
-        part_ = wild.part + 1;
-        place_ = wild.end;
-        return true;
-    }
-
-    // What is remembered of a wild part and a place: that nothing behind the part matches from there on.
-    [[nodiscard]] std::size_t slot(std::size_t part, std::size_t place) const
-    {
-        return part * (text_.size() + 1) + place;
-    }
-    [[nodiscard]] bool has_failed(std::size_t part, std::size_t place) const
-    {
-        return !failed_.empty() && failed_[slot(part, place)];
-    }
-    void remember_failed(std::size_t part, std::size_t place)
-    {
-        if (failed_.empty())
-            failed_.resize(parts_.size() * (text_.size() + 1));
-        failed_[slot(part, place)] = true;
-    }
-
-    std::u16string_view text_;
-    const std::vector<NamePart>& parts_;
-    std::size_t part_ = 0;
-    std::size_t place_ = 0;
-    std::vector<PartCapture> captures_; // one for each part before part_
-    std::vector<OpenWild> open_wilds_;
-    std::vector<bool> failed_;
-};
+bool can_take_more(const NamePart& part) { return part.kind == NamePartKind::Wild && !part.fixedLength; }
 
 } // namespace
 
-NameMatch matchName(std::u16string_view text, const std::vector<NamePart>& parts) { return Matcher(text, parts).run(); }
+NameMatcher::NameMatcher(const std::vector<NamePart>& parts) : parts_(parts), length_behind_(parts.size())
+{
+    std::optional<std::size_t> length = 0;
+    for (std::size_t part = parts.size(); part-- > 0;) {
+        length_behind_[part] = length;
+        if (parts[part].kind != NamePartKind::Text)
+            length.reset();
+        if (length)
+            *length += parts[part].matchText.size();
+    }
+    match_.captures.reserve(parts.size());
+}
+
+const NameMatch& NameMatcher::match(std::u16string_view text)
+{
+    text_ = text;
+    part_ = 0;
+    place_ = 0;
+    first_wild_.reset();
+    last_wild_.reset();
+    match_.captures.clear();
+    match_.matched = match_onwards();
+    while (!match_.matched && lengthen_last_wild())
+        match_.matched = match_onwards();
+    if (!match_.matched && first_wild_)
+        match_.captures.resize(*first_wild_);
+    return match_;
+}
+
+// From the present part and place to the end of both, or to the first part that does not fit.
+bool NameMatcher::match_onwards()
+{
+    for (; part_ < parts_.size(); ++part_) {
+        const NamePart& part = parts_[part_];
+        const std::optional<std::size_t> length = length_taken(part);
+        if (!length)
+            return false;
+        if (part.kind == NamePartKind::Wild && !first_wild_)
+            first_wild_ = part_;
+        if (can_take_more(part))
+            last_wild_ = {part_, place_, place_ + *length};
+        match_.captures.push_back({&part, text_.substr(place_, *length)});
+        place_ += *length;
+    }
+    return place_ == text_.size();
+}
+
+std::optional<std::size_t> NameMatcher::length_taken(const NamePart& part) const
+{
+    const std::u16string_view rest = text_.substr(place_);
+    switch (part.kind) {
+    case NamePartKind::Text:
+        return starts_with(rest, part.matchText) ? std::optional(part.matchText.size()) : std::nullopt;
+    case NamePartKind::Number: {
+        const std::size_t digits = std::min(end_of_digits(rest, 0), most_digits);
+        return digits > 0 ? std::optional(digits) : std::nullopt;
+    }
+    case NamePartKind::Wild: {
+        const auto shortest = static_cast<std::size_t>(std::max(part.minLength, 0));
+        if ((part.mustStartWithDot && !rest.starts_with(u'.')) || rest.size() < shortest)
+            return std::nullopt;
+        return shortest;
+    }
+    }
+    return std::nullopt;
+}
+
+// Sets part and place behind the last wild part, which takes more than it did; false when it can take no more.
+bool NameMatcher::lengthen_last_wild()
+{
+    if (!last_wild_ || last_wild_->end == text_.size())
+        return false;
+    OpenWild& wild = *last_wild_;
+    wild.end = first_end_worth_trying(wild.part, wild.end + 1);
+    if (wild.end > text_.size())
+        return false;
+    match_.captures.resize(wild.part);
+    match_.captures.push_back({&parts_[wild.part], text_.substr(wild.start, wild.end - wild.start)});
+    part_ = wild.part + 1;
+    place_ = wild.end;
+    return true;
+}
+
+// Where a wild part may end, from `place` on, as far as what stands behind it tells that at once; beyond the text when
+// there is no such place.
+std::size_t NameMatcher::first_end_worth_trying(std::size_t part, std::size_t place) const
+{
+    const std::size_t nowhere = text_.size() + 1;
+    if (const std::optional<std::size_t> behind = length_behind_[part])
+        return *behind <= text_.size() && text_.size() - *behind >= place ? text_.size() - *behind : nowhere;
+    const NamePart& next = parts_[part + 1];
+    if (next.kind == NamePartKind::Text && !next.matchText.empty())
+        return std::min(text_.find(next.matchText, place), nowhere);
+    if (next.kind == NamePartKind::Text && parts_[part + 2].kind == NamePartKind::Number) {
+        const auto from = text_.begin() + static_cast<std::ptrdiff_t>(place);
+        const auto digit = std::find_if(from, text_.end(), is_digit);
+        return digit == text_.end() ? nowhere : static_cast<std::size_t>(digit - text_.begin());
+    }
+    return place;
+}
+
+RememberedMatches::RememberedMatches(const std::vector<NamePart>& parts) : parts_(parts), matcher_(parts)
+{
+    for (const NamePart& part : parts)
+        bytes_per_name_ += part.kind == NamePartKind::Text ? 0U : 1U;
+    match_.matched = true;
+    match_.captures.resize(parts.size());
+    for (std::size_t part = 0; part < parts.size(); ++part)
+        match_.captures[part].part = &parts[part];
+}
+
+const NameMatch& RememberedMatches::next(std::u16string_view text)
+{
+    if (next_ == lengths_.size()) {
+        const NameMatch& match = matcher_.match(text);
+        remember(match, text.size());
+        next_ = lengths_.size();
+        return match;
+    }
+    const std::uint8_t* known = &lengths_[next_];
+    next_ += bytes_per_name_;
+    if (*known++ == 0)
+        return matcher_.match(text);
+    for (PartCapture& capture : match_.captures) {
+        const bool is_text = capture.part->kind == NamePartKind::Text;
+        const std::size_t length = is_text ? capture.part->matchText.size() : *known++;
+        capture.text = text.substr(0, length);
+        text.remove_prefix(length);
+    }
+    return match_;
+}
+
+// What does not match, or is too long for bytes, is matched each time.
+void RememberedMatches::remember(const NameMatch& match, std::size_t text_length)
+{
+    const bool is_known = match.matched && text_length <= UINT8_MAX;
+    const std::size_t start = lengths_.size();
+    lengths_.resize(start + bytes_per_name_);
+    if (!is_known)
+        return;
+    std::uint8_t* place = &lengths_[start];
+    *place++ = 1;
+    for (const PartCapture& capture : match.captures) {
+        if (capture.part->kind != NamePartKind::Text)
+            *place++ = static_cast<std::uint8_t>(capture.text.size());
+    }
+}
+
+NameMatch matchName(std::u16string_view text, const std::vector<NamePart>& parts)
+{
+    return NameMatcher(parts).match(text);
+}
 
 std::u16string_view described_name(const NamePattern& pattern, std::u16string_view name) noexcept
 {

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -21,9 +24,65 @@ struct NameMatch {
     std::vector<PartCapture> captures;
 };
 
-/// Matches the whole of `text`: text parts exactly, number parts by the longest run of digits (at most 260), wild parts
-/// by the shortest text that lets the rest match.
-/// O(parts × text) at worst, however many wild parts there are.
+/// Matches one name after the other against the parts of a pattern, using its memory again for each.
+class NameMatcher {
+public:
+    /// The parts must outlive the matcher and stay as they are.
+    explicit NameMatcher(const std::vector<NamePart>& parts);
+
+    /// Matches the whole of `text`: text parts exactly, number parts by the longest run of digits (at most 260), wild
+    /// parts by the shortest text that lets the rest match. The result lasts until the next call, and as long as
+    /// `text`. O(text of the parts × text) at worst, however many wild parts there are.
+    const NameMatch& match(std::u16string_view text);
+
+private:
+    struct OpenWild {
+        std::size_t part = 0;
+        std::size_t start = 0;
+        std::size_t end = 0;
+    };
+
+    bool match_onwards();
+    bool lengthen_last_wild();
+    [[nodiscard]] std::optional<std::size_t> length_taken(const NamePart& part) const;
+    [[nodiscard]] std::size_t first_end_worth_trying(std::size_t part, std::size_t place) const;
+
+    const std::vector<NamePart>& parts_;
+    std::vector<std::optional<std::size_t>> length_behind_; // of all parts behind one, where these are texts alone
+    std::u16string_view text_;
+    std::size_t part_ = 0;
+    std::size_t place_ = 0;
+    std::optional<std::size_t> first_wild_; // that something was taken for
+    std::optional<OpenWild> last_wild_; // that could take more
+    NameMatch match_; // its captures: one for each part before part_
+};
+
+/// Matches the same names in the same order again and again. Each is matched once; from then on the lengths that the
+/// wild and number parts took are known, a byte for each part that is no text.
+class RememberedMatches {
+public:
+    /// The parts must outlive it, and what they match must stay as it is.
+    explicit RememberedMatches(const std::vector<NamePart>& parts);
+
+    /// Begins with the first name again.
+    void start_round() noexcept { next_ = 0; }
+
+    /// The match of the next name, which has to be the one that stood at this place in the rounds before. It lasts
+    /// until the next call, and as long as `text`.
+    const NameMatch& next(std::u16string_view text);
+
+private:
+    void remember(const NameMatch& match, std::size_t text_length);
+
+    const std::vector<NamePart>& parts_;
+    NameMatcher matcher_;
+    std::size_t bytes_per_name_ = 1;
+    std::vector<std::uint8_t> lengths_; // for each name whether they are known, then those of the parts
+    std::size_t next_ = 0; // in lengths_
+    NameMatch match_;
+};
+
+/// Matches one name as `NameMatcher` does.
 [[nodiscard]] NameMatch matchName(std::u16string_view text, const std::vector<NamePart>& parts);
 
 /// What the pattern describes of a name: all but the extension, unless the pattern includes that.

@@ -241,6 +241,45 @@ TEST(MatchName, AgreesWithTheRulesTakenOneByOne)
     EXPECT_GT(matches, 1000);
 }
 
+TEST(RememberedMatches, AreThoseOfTheFirstRoundInEveryRound)
+{
+    const Texts names = {
+        u"IMG_12-a.jpg", u"IMG_7-b-c.jpg", u"unfit", u"IMG_0-.jpg", u"IMG_1-" + std::u16string(300, u'x') + u".jpg",
+        u"IMG_123-z.jpg"};
+    const NamePattern pattern = parsed(u"IMG_#-*.jpg");
+    RememberedMatches matches(pattern.parts);
+    for (int round = 0; round < 3; ++round) {
+        matches.start_round();
+        for (const std::u16string& name : names) {
+            const NameMatch expected = matchName(name, pattern.parts);
+            const NameMatch& match = matches.next(name);
+            EXPECT_EQ(match.matched, expected.matched) << round;
+            EXPECT_EQ(captures_of(match), captures_of(expected)) << round;
+        }
+    }
+}
+
+TEST(RememberedMatches, OfAPatternWithoutPartsToRemember)
+{
+    const NamePattern pattern = parsed(u"same");
+    RememberedMatches matches(pattern.parts);
+    for (int round = 0; round < 2; ++round) {
+        matches.start_round();
+        EXPECT_TRUE(matches.next(u"same").matched);
+        EXPECT_FALSE(matches.next(u"other").matched);
+    }
+}
+
+TEST(NameMatcher, ManyWildsAgainstALongNameThatDoesNotMatchAnswer)
+{
+    std::u16string pattern;
+    for (int i = 0; i < 20; ++i)
+        pattern += u"*a";
+    const NamePattern wilds = parsed(pattern + u"b");
+    EXPECT_FALSE(matchName(std::u16string(250, u'a'), wilds.parts).matched);
+    EXPECT_TRUE(matchName(std::u16string(250, u'a') + u"b", wilds.parts).matched);
+}
+
 TEST(DescribedName, IsTheWholeNameWhenThePatternIncludesTheExtension)
 {
     NamePattern pattern;

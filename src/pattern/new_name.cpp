@@ -1,10 +1,8 @@
 #include "pattern/new_name.h"
 
 #include <algorithm>
-#include <vector>
 
-#include "fileset/tags.h"
-#include "pattern/match_name.h"
+#include "fileset/rename_folder.h"
 #include "pattern/number_part.h"
 #include "text/bounded_text.h"
 
@@ -12,33 +10,19 @@ namespace multirename {
 
 namespace {
 
-using Captures = std::vector<PartCapture>;
+constexpr std::size_t none = std::u16string_view::npos;
 
-std::vector<CapturedText> captured_texts(const Captures& captures)
-{
-    std::vector<CapturedText> texts;
-    texts.reserve(captures.size());
-    for (const PartCapture& capture : captures)
-        texts.push_back({capture.text, capture.part->kind != NamePartKind::Text || !capture.part->text.empty()});
-    return texts;
-}
+bool holds_tags(const NamePart& part) { return part.text.find(u'<') != none; }
 
-void append_text(std::u16string& name, const NamePart& part, const Filename& entry, const Captures& captures)
+// Times and sizes are asked for by the tags whose letters these are.
+bool reads_details(const NamePart& part)
 {
-    if (part.text.find(u'<') == std::u16string::npos) {
-        name += std::u16string_view(part.text).substr(0, BoundedText::capacity);
-        return;
+    constexpr std::u16string_view letters = u"dDcCsS";
+    for (std::size_t tag = part.text.find(u'<'); tag != none; tag = part.text.find(u'<', tag + 1)) {
+        if (tag + 1 < part.text.size() && letters.find(part.text[tag + 1]) != none)
+            return true;
     }
-    const std::vector<CapturedText> texts = captured_texts(captures);
-    BoundedText expanded;
-    for (std::size_t position = 0; position < part.text.size();) {
-        const char16_t unit = part.text[position++];
-        if (unit == u'<')
-            expand_tag(part.text, position, &entry, texts, expanded);
-        else
-            expanded.append(unit);
-    }
-    name += expanded.view();
+    return false;
 }
 
 void append_replaced(BoundedText& output, const NamePart& part, std::u16string_view text)
@@ -68,32 +52,104 @@ void append_wild(std::u16string& name, const NamePart& part, std::u16string_view
         name += ApplyCaseStyle(part.caseStyle, text);
 }
 
-void append_formatted(std::u16string& name, const PartCapture& capture, const Filename& entry, const Captures& captures)
+} // namespace
+
+NewNameMaker::NewNameMaker(const NamePattern& pattern) :
+    pattern_(pattern), reads_details_(std::ranges::any_of(pattern.parts, reads_details))
 {
-    const NamePart& part = *capture.part;
+    actions_.reserve(pattern.parts.size());
+    for (const NamePart& part : pattern.parts)
+        actions_.push_back(action_of(part));
+    keeps_names_ = std::ranges::count(actions_, Action::Keep) == std::ssize(actions_);
+}
+
+NewNameMaker::Action NewNameMaker::action_of(const NamePart& part)
+{
     switch (part.kind) {
     case NamePartKind::Text:
         if (part.keepMatched)
-            name += capture.text;
-        else
-            append_text(name, part, entry, captures);
-        break;
-    case NamePartKind::Number: name += formatNumberPart(part, capture.text); break;
-    case NamePartKind::Wild: append_wild(name, part, capture.text); break;
+            return Action::Keep;
+        if (holds_tags(part))
+            return Action::Expand;
+        return part.text == part.matchText && part.text.size() <= BoundedText::capacity ? Action::Keep : Action::Put;
+    case NamePartKind::Number: {
+        const bool is_as_it_was = !part.clearText && !part.renumber && part.leadingZeros == LeadingZerosMode::Unchanged;
+        return is_as_it_was ? Action::Keep : Action::Number;
     }
+    case NamePartKind::Wild: {
+        const bool is_as_it_was = part.findText.empty() && !part.truncate && part.caseStyle == CaseStyle::Unchanged;
+        return is_as_it_was ? Action::Keep : Action::Wild;
+    }
+    }
+    return Action::Keep;
 }
 
-} // namespace
-
-void makeNewName(const NamePattern& pattern, Filename& entry)
+void NewNameMaker::make(Filename& entry, const NameMatch& match, TextStore& texts)
 {
-    const std::u16string_view described = described_name(pattern, entry.name);
-    const Captures captures = matchName(described, pattern.parts).captures;
-    std::u16string name;
-    for (const PartCapture& capture : captures)
-        append_formatted(name, capture, entry, captures);
-    name += std::u16string_view(entry.name).substr(described.size());
-    entry.new_name = std::move(name);
+    if (keeps_names_ && match.matched) {
+        entry.new_name = entry.name;
+        return;
+    }
+    if (reads_details_ && entry.folder != nullptr)
+        entry.folder->read_details(entry);
+    name_.clear();
+    for (std::size_t i = 0; i < match.captures.size(); ++i) {
+        const auto& [part, taken] = match.captures[i];
+        if (actions_[i] == Action::Keep) {
+            keep(taken);
+            continue;
+        }
+        put_kept();
+        switch (actions_[i]) {
+        case Action::Keep: break;
+        case Action::Put: name_ += std::u16string_view(part->text).substr(0, BoundedText::capacity); break;
+        case Action::Expand: put_expanded(*part, entry, match); break;
+        case Action::Number: append_number(name_, *part, taken); break;
+        case Action::Wild: append_wild(name_, *part, taken); break;
+        }
+    }
+    keep(entry.name.substr(described_name(pattern_, entry.name).size()));
+    put_kept();
+    entry.new_name = name_ == entry.name ? entry.name : texts.add(name_);
+}
+
+// What is kept of the old name is mostly one stretch, taken by several parts.
+void NewNameMaker::keep(std::u16string_view taken)
+{
+    if (taken.data() != kept_.data() + kept_.size())
+        put_kept();
+    if (kept_.empty())
+        kept_ = taken;
+    else
+        kept_ = {kept_.data(), kept_.size() + taken.size()};
+}
+
+void NewNameMaker::put_kept()
+{
+    name_ += kept_;
+    kept_ = {};
+}
+
+void NewNameMaker::put_expanded(const NamePart& part, const Filename& entry, const NameMatch& match)
+{
+    captured_.clear();
+    for (const PartCapture& capture : match.captures)
+        captured_.push_back({capture.text, capture.part->kind != NamePartKind::Text || !capture.part->text.empty()});
+    BoundedText expanded;
+    for (std::size_t position = 0; position < part.text.size();) {
+        const char16_t unit = part.text[position++];
+        if (unit == u'<')
+            expand_tag(part.text, position, &entry, captured_, expanded);
+        else
+            expanded.append(unit);
+    }
+    name_ += expanded.view();
+}
+
+void makeNewName(const NamePattern& pattern, Filename& entry, TextStore& texts)
+{
+    const NameMatch match = matchName(described_name(pattern, entry.name), pattern.parts);
+    NewNameMaker(pattern).make(entry, match, texts);
 }
 
 } // namespace multirename

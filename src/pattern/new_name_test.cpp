@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "fileset/rename_folder.h"
+#include "platform/testing/fake_disk.h"
 #include "platform/testing/moment_at.h"
 
 namespace multirename {
@@ -20,8 +21,9 @@ std::u16string new_name(const NamePattern& pattern, std::u16string_view old_name
     Filename entry;
     entry.name = old_name;
     entry.new_name = u"left from before";
-    makeNewName(pattern, entry);
-    return entry.new_name;
+    TextStore texts;
+    makeNewName(pattern, entry, texts);
+    return std::u16string(entry.new_name);
 }
 
 NamePattern with_text(NamePattern pattern, std::size_t part, std::u16string_view text)
@@ -118,7 +120,8 @@ TEST(NewName, ATagWithinATextIsCutAt260CharactersToo)
     Filename entry;
     entry.name = u"a";
     entry.folder = &folder;
-    makeNewName(with_text(base_only(u"a"), 0, std::u16string(257, u'x') + u"<F>"), entry);
+    TextStore texts;
+    makeNewName(with_text(base_only(u"a"), 0, std::u16string(257, u'x') + u"<F>"), entry, texts);
     EXPECT_EQ(entry.new_name, std::u16string(257, u'x') + u"Fol");
 }
 
@@ -131,8 +134,30 @@ TEST(NewName, TagsAreExpandedForEachFile)
     entry.created = moment_at(2024, 3, 5, 14, 7, 9);
     entry.size = 1025;
     entry.sequence = 2;
-    makeNewName(with_text(base_only(u"IMG_#"), 0, u"<F> <C:yyyy-mm-dd time> <S:A> <10,5:3> "), entry);
+    TextStore texts;
+    makeNewName(with_text(base_only(u"IMG_#"), 0, u"<F> <C:yyyy-mm-dd time> <S:A> <10,5:3> "), entry, texts);
     EXPECT_EQ(entry.new_name, u"Summer 2024-03-05 1407 2K 020 0042.jpg");
+}
+
+struct DetailRow {
+    std::u16string_view text;
+    std::size_t times_asked;
+};
+
+TEST(NewName, DetailsAreAskedForOnlyByTagsThatNeedThem)
+{
+    for (const DetailRow& row : {DetailRow{u"x", 0}, DetailRow{u"C<F><1:2><N:1>", 0}, DetailRow{u"<C>", 1},
+                                 DetailRow{u"<d:yyyy>", 1}, DetailRow{u"<1><S:A>", 1}}) {
+        FakeDisk disk;
+        disk.gives_details = false;
+        disk.with(u"C:\\A\\", {u"a"});
+        RenameFolder folder(u"C:\\A\\");
+        folder.load(disk);
+        TextStore texts;
+        for (int times = 0; times < 2; ++times)
+            makeNewName(with_text(base_only(u"a"), 0, row.text), *folder.find(u"a"), texts);
+        EXPECT_EQ(disk.details_read.size(), row.times_asked) << testing::PrintToString(row.text);
+    }
 }
 
 TEST(NewName, AnInvalidTagGivesNothingAndEndsAsItShould)

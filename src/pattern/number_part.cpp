@@ -10,59 +10,65 @@ namespace multirename {
 
 namespace {
 
-// Removes at most `most` leading zeros.
-void strip_zeros(std::u16string& number, std::size_t most)
+// The number without its leading zeros, of which at most `most` go.
+std::u16string_view without_zeros(std::u16string_view number, std::size_t most)
 {
     const std::size_t zeros = std::min(number.find_first_not_of(u'0'), number.size());
-    number.erase(0, std::min(zeros, most));
+    return number.substr(std::min(zeros, most));
 }
 
-void set_width(std::u16string& number, std::int64_t wanted)
+void append_with_width(std::u16string& name, std::u16string_view number, std::int64_t wanted)
 {
     const auto width = static_cast<std::size_t>(std::max<std::int64_t>(wanted, 1));
     if (number.size() < width)
-        number.insert(0, width - number.size(), u'0');
+        name.append(width - number.size(), u'0').append(number);
     else
-        strip_zeros(number, number.size() - width);
+        name += without_zeros(number, number.size() - width);
 }
 
-std::u16string renumbered(const NamePart& part, std::u16string_view digits)
+std::int64_t renumbered(const NamePart& part, std::u16string_view digits)
 {
     const std::int64_t start = part.startNumber < 0 ? part.baseNumber : part.startNumber;
     const std::int64_t number = saturating_add(saturating_subtract(read_decimal(digits), part.baseNumber), start);
-    return decimal_text(std::max<std::int64_t>(number, 0));
+    return std::max<std::int64_t>(number, 0);
 }
 
 } // namespace
 
-std::u16string formatNumberPart(const NamePart& part, std::u16string_view digits)
+void append_number(std::u16string& name, const NamePart& part, std::u16string_view digits)
 {
     if (part.clearText)
-        return {};
-    std::u16string number = part.renumber ? renumbered(part, digits) : std::u16string(digits);
-    switch (part.leadingZeros) {
-    case LeadingZerosMode::Unchanged:
-        if (part.renumber && digits.starts_with(u'0'))
-            set_width(number, static_cast<std::int64_t>(digits.size()));
-        break;
-    case LeadingZerosMode::FixedDigits: set_width(number, part.length); break;
-    case LeadingZerosMode::RemoveZeros:
-        strip_zeros(number, number.size());
-        if (number.empty())
-            number.push_back(u'0');
-        break;
+        return;
+    DecimalDigits written;
+    const std::u16string_view number = part.renumber ? written.write(renumbered(part, digits)) : digits;
+    if (part.leadingZeros == LeadingZerosMode::FixedDigits) {
+        append_with_width(name, number, part.length);
+    } else if (part.leadingZeros == LeadingZerosMode::RemoveZeros) {
+        const std::u16string_view significant = without_zeros(number, number.size());
+        name += significant.empty() ? u"0" : significant;
+    } else if (part.renumber && digits.starts_with(u'0')) {
+        append_with_width(name, number, static_cast<std::int64_t>(digits.size()));
+    } else {
+        name += number;
     }
+}
+
+std::u16string formatNumberPart(const NamePart& part, std::u16string_view digits)
+{
+    std::u16string number;
+    append_number(number, part, digits);
     return number;
 }
 
 bool computeBaseNumbers(const FileSet& files, NamePattern& pattern)
 {
     std::vector<std::int64_t> smallest;
+    NameMatcher matcher(pattern.parts);
     files.for_each_entry([&](const Filename& entry) {
         if (entry.not_listed)
             return;
         std::size_t slot = 0;
-        for (const PartCapture& capture : matchName(described_name(pattern, entry.name), pattern.parts).captures) {
+        for (const PartCapture& capture : matcher.match(described_name(pattern, entry.name)).captures) {
             if (capture.part->kind != NamePartKind::Number)
                 continue;
             const std::int64_t number = read_decimal(capture.text);

@@ -14,6 +14,9 @@ namespace multirename {
 /// count are never cut off. Numbers saturate at 64 bits.
 [[nodiscard]] std::u16string formatNumberPart(const NamePart& part, std::u16string_view digits);
 
+/// The same, added to a name.
+void append_number(std::u16string& name, const NamePart& part, std::u16string_view digits);
+
 /// Sets each number part's base number to the smallest number that it takes from the listed entries' old names; a part
 /// that takes none keeps the one it has. True when any changed.
 bool computeBaseNumbers(const FileSet& files, NamePattern& pattern);

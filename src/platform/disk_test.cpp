@@ -1,4 +1,5 @@
 #include "platform/disk.h"
+#include "platform/testing/listed_folder.h"
 
 #include <gtest/gtest.h>
 
@@ -44,7 +45,7 @@ protected:
 
     [[nodiscard]] std::vector<DirectoryEntry> listing() const
     {
-        auto entries = system_disk().list_folder(engine_path(folder_) + u"\\").entries;
+        auto entries = listed_with_details(engine_path(folder_) + u"\\").entries;
         std::ranges::sort(entries, {}, &DirectoryEntry::name);
         return entries;
     }
@@ -138,7 +139,7 @@ TEST_F(SystemDisk, AFolderThatCannotBeReadHasNoEntriesAndTellsWhy)
 {
     write("file", "");
     for (const char* name : {"absent", "file"}) {
-        const FolderListing unreadable = system_disk().list_folder(engine_path(folder_ / name) + u"\\");
+        const ListedFolder unreadable = listed_folder(system_disk(), engine_path(folder_ / name) + u"\\");
         EXPECT_TRUE(unreadable.entries.empty());
         EXPECT_TRUE(unreadable.error);
     }

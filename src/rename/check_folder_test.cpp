@@ -36,16 +36,16 @@ std::unique_ptr<TestFiles> folder_with(const std::vector<Wish>& wishes)
     test->files.mark_scope({});
     for (const Wish& wish : wishes) {
         if (wish.new_name)
-            test->entry(wish.name, root).new_name = *wish.new_name;
+            test->entry(wish.name, root).new_name = test->files.pasted_names.add(*wish.new_name);
     }
     return test;
 }
 
-Names names_of(const std::vector<std::shared_ptr<Filename>>& entries)
+Names names_of(const std::vector<Filename*>& entries)
 {
     Names names;
-    for (const auto& entry : entries)
-        names.push_back(entry->name);
+    for (const Filename* entry : entries)
+        names.emplace_back(entry->name);
     return names;
 }
 
@@ -196,7 +196,7 @@ TEST(CheckFolder, IsRepeatable)
     check_folder(folder);
     check_folder(folder);
     EXPECT_EQ(names_of(folder.rename_order), (Names{u"b", u"a"}));
-    test->entry(u"b", root).new_name = std::u16string(u"b");
+    test->entry(u"b", root).new_name = u"b";
     check_folder(folder);
     EXPECT_EQ(names_of(folder.rename_order), Names{});
     EXPECT_EQ(test->entry(u"a", root).status, Status::ExistingName);
@@ -225,9 +225,9 @@ TEST(CheckAll, ChecksEachFolderByItself)
 {
     TestFiles test({u"C:\\A\\a", u"C:\\A\\b", u"C:\\B\\a"}, {u"C:\\B\\x"});
     test.files.mark_scope({});
-    test.entry(u"a", u"C:\\A\\").new_name = std::u16string(u"x");
-    test.entry(u"b", u"C:\\A\\").new_name = std::u16string(u"");
-    test.entry(u"a", u"C:\\B\\").new_name = std::u16string(u"x");
+    test.entry(u"a", u"C:\\A\\").new_name = u"x";
+    test.entry(u"b", u"C:\\A\\").new_name = u"";
+    test.entry(u"a", u"C:\\B\\").new_name = u"x";
     check_all(test.files);
     EXPECT_EQ(test.entry(u"a", u"C:\\A\\").status, Status::Ready);
     EXPECT_EQ(test.entry(u"b", u"C:\\A\\").status, Status::Empty);
@@ -335,8 +335,8 @@ TEST(CheckFolder, AgreesWithTheStepsTakenOneByOne)
         const auto test = folder_with(random_wishes(random));
         RenameFolder& folder = *test->files.folders.front();
         std::vector<PlainEntry> plain;
-        for (const auto& entry : *folder.entries)
-            plain.push_back({entry->name, entry->new_name, entry->in_scope});
+        for (const Filename& entry : *folder.entries)
+            plain.push_back({std::u16string(entry.name), std::u16string(entry.new_name), entry.in_scope});
         Names order;
         for (const std::size_t index : check_plainly(plain))
             order.push_back(plain[index].name);
@@ -359,15 +359,15 @@ TEST(CheckFolder, AnOrderThatNothingForbidsNeverLandsOnANameInUse)
         if (test->files.summary_status != Status::Ready)
             continue;
         std::set<std::u16string> in_use;
-        for (const auto& entry : *folder.entries)
-            in_use.insert(entry->key);
-        for (const auto& entry : folder.rename_order) {
-            ASSERT_EQ(in_use.erase(entry->key), 1U) << round;
+        for (const Filename& entry : *folder.entries)
+            in_use.insert(entry.key());
+        for (const Filename* entry : folder.rename_order) {
+            ASSERT_EQ(in_use.erase(entry->key()), 1U) << round;
             ASSERT_TRUE(in_use.insert(name_key(entry->new_name)).second) << round;
         }
         std::size_t changed = 0;
-        for (const auto& entry : *folder.entries)
-            changed += entry->in_scope && entry->new_name != entry->name ? 1U : 0U;
+        for (const Filename& entry : *folder.entries)
+            changed += entry.in_scope && entry.new_name != entry.name ? 1U : 0U;
         ASSERT_EQ(folder.rename_order.size(), changed) << round;
         carried_out += changed > 1 ? 1 : 0;
     }

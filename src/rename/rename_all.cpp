@@ -6,13 +6,13 @@ namespace multirename {
 
 namespace {
 
-std::vector<std::shared_ptr<Filename>> collect(const FileSet& files, RenameProgress& progress)
+std::vector<const Filename*> collect(const FileSet& files, RenameProgress& progress)
 {
-    std::vector<std::shared_ptr<Filename>> collected;
+    std::vector<const Filename*> collected;
     if (progress.is_cancelled())
         return collected;
     for (const auto& folder : folder_order(files)) {
-        for (const auto& entry : folder->rename_order) {
+        for (const Filename* entry : folder->rename_order) {
             if (entry->name != entry->new_name)
                 collected.push_back(entry);
             if (progress.is_cancelled())
@@ -43,10 +43,10 @@ void rename_all(OwnerWindow owner, const FileSet& files, RenameProgress& progres
     progress.rename(owner, collect(files, progress));
 }
 
-MoveLists move_lists(const std::vector<std::shared_ptr<Filename>>& entries)
+MoveLists move_lists(std::span<const Filename* const> entries)
 {
     MoveLists lists;
-    for (const auto& entry : entries) {
+    for (const Filename* entry : entries) {
         lists.sources.append(entry->folder->path).append(entry->name).push_back(u'\0');
         lists.targets.append(entry->folder->path).append(entry->new_name).push_back(u'\0');
     }

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -27,7 +28,7 @@ public:
     [[nodiscard]] virtual bool is_cancelled() = 0;
 
     /// Renames the entries in their order. Each has a name and a new name that differ.
-    virtual void rename(OwnerWindow owner, const std::vector<std::shared_ptr<Filename>>& entries) = 0;
+    virtual void rename(OwnerWindow owner, std::span<const Filename* const> entries) = 0;
 };
 
 /// The folders in an order in which the contents of each come before any folder that contains it.
@@ -46,6 +47,6 @@ struct MoveLists {
 };
 
 /// Both lists are empty when there is nothing to move.
-[[nodiscard]] MoveLists move_lists(const std::vector<std::shared_ptr<Filename>>& entries);
+[[nodiscard]] MoveLists move_lists(std::span<const Filename* const> entries);
 
 } // namespace multirename

@@ -23,12 +23,12 @@ public:
 
     void announce() override { ++announcements; }
     bool is_cancelled() override { return ++questions == cancelled_from_; }
-    void rename(OwnerWindow window, const std::vector<std::shared_ptr<Filename>>& entries) override
+    void rename(OwnerWindow window, std::span<const Filename* const> entries) override
     {
         ++renames;
         owner = window;
-        for (const auto& entry : entries)
-            names.push_back(entry->folder->path + entry->name);
+        for (const Filename* entry : entries)
+            names.push_back(entry->folder->path + std::u16string(entry->name));
         lists = move_lists(entries);
     }
 
@@ -135,7 +135,7 @@ protected:
         test_ = std::make_unique<TestFiles>(paths, beside);
         test_->files.mark_scope({});
         for (std::size_t i = 0; i < renames.size(); ++i)
-            test_->files.listed[i]->new_name = renames[i].second;
+            test_->files.listed[i]->new_name = test_->files.pasted_names.add(renames[i].second);
         check_all(test_->files);
     }
 
@@ -181,7 +181,7 @@ TEST_F(RenameAll, UnchangedEntriesAreNeverPassedOn)
 TEST_F(RenameAll, EvenWhenTheyStandInAnOrder)
 {
     plan({{u"C:\\A\\a", u"b"}});
-    test_->files.listed[0]->new_name = std::u16string(u"a");
+    test_->files.listed[0]->new_name = u"a";
     EXPECT_EQ(renamed(), Names{});
 }
 
@@ -241,7 +241,10 @@ TEST_F(RenameAll, StopsCollectingAtOnceAndRenamesWhatItHas)
     }
 }
 
-std::vector<std::shared_ptr<Filename>> entries_of(TestFiles& test) { return test.files.listed; }
+std::vector<const Filename*> entries_of(TestFiles& test)
+{
+    return {test.files.listed.begin(), test.files.listed.end()};
+}
 
 TEST(MoveLists, OfNothingAreEmpty)
 {
@@ -252,8 +255,8 @@ TEST(MoveLists, OfNothingAreEmpty)
 TEST(MoveLists, EndEachPathInNulAndTheListInOneMore)
 {
     TestFiles test({u"C:\\A\\a.txt", u"\\\\server\\share\\b"});
-    test.files.listed[0]->new_name = std::u16string(u"long name.txt");
-    test.files.listed[1]->new_name = std::u16string(u"c");
+    test.files.listed[0]->new_name = u"long name.txt";
+    test.files.listed[1]->new_name = u"c";
     const MoveLists lists = move_lists(entries_of(test));
     EXPECT_EQ(lists.sources, (std::u16string(u"C:\\A\\a.txt\0\\\\server\\share\\b\0\0", 29)));
     EXPECT_EQ(lists.targets, (std::u16string(u"C:\\A\\long name.txt\0\\\\server\\share\\c\0\0", 37)));
@@ -262,14 +265,14 @@ TEST(MoveLists, EndEachPathInNulAndTheListInOneMore)
 TEST(MoveLists, TakeTheFolderAsItWasSpelled)
 {
     TestFiles test({u"c:\\some FOLDER\\a"});
-    test.files.listed[0]->new_name = std::u16string(u"b");
+    test.files.listed[0]->new_name = u"b";
     EXPECT_EQ(move_lists(entries_of(test)).sources, (std::u16string(u"c:\\some FOLDER\\a\0\0", 18)));
 }
 
 TEST(MoveLists, TakeUnitsAsTheyAre)
 {
     TestFiles test({u"C:\\A\\\u00E9"});
-    test.files.listed[0]->new_name = std::u16string(u"\xD83D\xDE00 \xD800");
+    test.files.listed[0]->new_name = u"\xD83D\xDE00 \xD800";
     EXPECT_EQ(move_lists(entries_of(test)).targets, (std::u16string(u"C:\\A\\\xD83D\xDE00 \xD800\0\0", 11)));
 }
 

@@ -63,6 +63,7 @@ std::size_t RenameRun::pattern_index() const noexcept
 
 void RenameRun::compute_patterns()
 {
+    matches_.reset();
     allow_extension_changes_.enabled = true;
     numbers_as_text_.enabled = true;
     for (const bool as_text : {false, true}) {
@@ -94,6 +95,7 @@ void RenameRun::compute_base_numbers()
 
 void RenameRun::mark_scope()
 {
+    matches_.reset();
     const NamePattern& current = pattern();
     files_.mark_scope(
         {current.patternText, name_key(current.patternText), is_whole_name_mode() || current.includesExtension});
@@ -103,7 +105,7 @@ void RenameRun::number_rows()
 {
     files_.reset_counters();
     std::uint32_t position = 0;
-    for (const auto& entry : rows_) {
+    for (Filename* entry : rows_) {
         entry->sequence = position++;
         entry->folder_sequence = static_cast<std::uint32_t>(entry->folder->next_sequence++);
     }
@@ -156,10 +158,18 @@ bool RenameRun::change_part_text(std::size_t part, std::u16string_view text)
 
 void RenameRun::refresh_names()
 {
-    files_.for_each_entry([this](Filename& entry) {
+    if (!matches_)
+        matches_.emplace(pattern().parts);
+    matches_->start_round();
+    files_.made_names.clear();
+    NewNameMaker maker(pattern());
+    files_.for_each_entry([&](Filename& entry) {
         entry.status = Status::Ready;
-        if (entry.in_scope && !entry.manual_name)
-            makeNewName(pattern(), entry);
+        if (!entry.in_scope)
+            return;
+        const NameMatch& match = matches_->next(described_name(pattern(), entry.name));
+        if (!entry.manual_name)
+            maker.make(entry, match, files_.made_names);
     });
     if (holds_invalid_text(pattern()))
         files_.mark_all_invalid();
@@ -191,6 +201,7 @@ bool RenameRun::set_numbers_as_text(bool checked)
 
 void RenameRun::change_mode(std::size_t previous_index)
 {
+    matches_.reset();
     const std::size_t index = pattern_index();
     if (index != previous_index)
         carryPartSettings(patterns_[index], patterns_[previous_index]);
@@ -221,9 +232,9 @@ std::optional<Message> RenameRun::remove_rows(std::span<const std::size_t> rows)
 {
     std::vector<Filename*> removed;
     for (const std::size_t row : rows)
-        removed.push_back(rows_[row].get());
+        removed.push_back(rows_[row]);
     std::ranges::sort(removed);
-    const auto is_removed = [&removed](const auto& entry) { return std::ranges::binary_search(removed, entry.get()); };
+    const auto is_removed = [&removed](Filename* entry) { return std::ranges::binary_search(removed, entry); };
     if (std::ranges::all_of(rows_, is_removed))
         return message(MessageId::CannotRemoveAll);
     std::erase_if(rows_, is_removed);
@@ -231,10 +242,11 @@ std::optional<Message> RenameRun::remove_rows(std::span<const std::size_t> rows)
         entry->not_listed = true;
         entry->in_scope = false;
         entry->manual_name = false;
-        entry->new_name.clear();
+        entry->new_name = {};
     }
     if (all_names_are_pasted())
         pattern_controls_enabled_ = false;
+    matches_.reset();
     compute_base_numbers();
     number_rows();
     refresh_names();
@@ -252,7 +264,7 @@ void RenameRun::reset_names(std::span<const std::size_t> rows)
 
 bool RenameRun::all_names_are_pasted() const
 {
-    return std::ranges::all_of(rows_, [](const auto& entry) { return entry->manual_name; });
+    return std::ranges::all_of(rows_, [](const Filename* entry) { return entry->manual_name; });
 }
 
 std::vector<std::size_t> RenameRun::all_rows() const
@@ -307,7 +319,7 @@ std::optional<Message> RenameRun::paste_lines(std::u16string_view text, std::spa
         if (lines[i].empty())
             continue;
         Filename& entry = *rows_[rows[i]];
-        entry.new_name = pasted_name(lines[i], entry.name, allow_extension_changes_.checked);
+        entry.new_name = files_.pasted_names.add(pasted_name(lines[i], entry.name, allow_extension_changes_.checked));
         entry.manual_name = true;
     }
     refresh_names();

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "fileset/file_set.h"
+#include "pattern/match_name.h"
 #include "pattern/name_pattern.h"
 #include "rename/rename_all.h"
 #include "run/messages.h"
@@ -98,7 +99,8 @@ public:
     /// The same without making the new names, for many edits at once; `refresh_names` makes them count.
     bool change_part_text(std::size_t part, std::u16string_view text);
 
-    /// A part of the current pattern, for changes to its settings; `refresh_names` makes them count.
+    /// A part of the current pattern, for changes to its settings; `refresh_names` makes them count. What the part
+    /// takes of old names must stay as it is.
     [[nodiscard]] NamePart& part(std::size_t part) { return patterns_[pattern_index()].parts[part]; }
 
     /// Makes all new names that the pattern governs and judges them.
@@ -169,7 +171,9 @@ private:
     FileSet& files_;
     RememberedBoxes& remembered_;
     MessageSource texts_;
-    std::vector<std::shared_ptr<Filename>> rows_;
+    std::vector<Filename*> rows_;
+    std::optional<RememberedMatches>
+        matches_; // of the names in scope with the current pattern, while these are the same
     std::array<NamePattern, 4> patterns_; // by (numbers as text ? 2 : 0) + (allow extension changes ? 1 : 0)
     std::u16string extension_text_;
     CheckBox allow_extension_changes_;

@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <random>
 
+#include "pattern/new_name.h"
 #include "run/testing/test_run.h"
 
 namespace multirename {
@@ -541,10 +543,10 @@ class CollectingProgress final : public RenameProgress {
 public:
     void announce() override { }
     bool is_cancelled() override { return false; }
-    void rename(OwnerWindow, const std::vector<std::shared_ptr<Filename>>& entries) override
+    void rename(OwnerWindow, std::span<const Filename* const> entries) override
     {
-        for (const auto& entry : entries)
-            renames.push_back(entry->name + u" > " + entry->new_name);
+        for (const Filename* entry : entries)
+            renames.push_back(std::u16string(entry->name) + u" > " + std::u16string(entry->new_name));
     }
 
     Names renames;
@@ -1105,6 +1107,46 @@ TEST(RenameRun, TellsWhichNamesDoNotFitThePattern)
     EXPECT_EQ(test.run.pattern().patternText, u"*a#");
     EXPECT_TRUE(test.run.fits_pattern(0));
     EXPECT_FALSE(test.run.fits_pattern(1));
+}
+
+// What one edit after the other leaves is what the same pattern gives names that were never touched before.
+TEST(RenameRun, RoundAfterRoundOfEditsGivesWhatThePatternGivesAtOnce)
+{
+    std::mt19937 random(1);
+    const Names texts = {u"Trip ", u"", u"<1:3>", u"<N:1>-", u"x"};
+    for (int round = 0; round < 200; ++round) {
+        Names names;
+        for (int i = 0; i < 6; ++i) {
+            names.push_back(u"IMG_" + std::u16string(1, static_cast<char16_t>(u'0' + i)) +
+                            (random() % 3 == 0 ? u"0-ab" : u"-c") + (random() % 4 == 0 ? u".png" : u".jpg"));
+        }
+        TestRun test(names, {u"beside"});
+        for (int edit = 0; edit < 8; ++edit) {
+            const std::size_t part = random() % test.run.pattern().parts.size();
+            switch (random() % 6) {
+            case 0: test.run.set_allow_extension_changes(random() % 2 == 0); break;
+            case 1: test.run.set_numbers_as_text(random() % 2 == 0); break;
+            case 2: test.run.reset(); break;
+            case 3:
+                if (test.run.row_count() > 2)
+                    test.run.remove_rows(std::vector<std::size_t>{random() % test.run.row_count()});
+                break;
+            default:
+                if (test.run.pattern().parts[part].kind == NamePartKind::Text)
+                    test.run.set_part_text(part, texts[random() % texts.size()]);
+                test.run.part(part).renumber = random() % 2 == 0;
+                test.run.refresh_names();
+            }
+            TextStore made;
+            for (std::size_t row = 0; row < test.run.row_count(); ++row) {
+                Filename fresh = test.run.row_entry(row);
+                if (!fresh.in_scope)
+                    continue;
+                makeNewName(test.run.pattern(), fresh, made);
+                ASSERT_EQ(test.run.row(row).new_name, fresh.new_name) << round;
+            }
+        }
+    }
 }
 
 } // namespace

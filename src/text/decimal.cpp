@@ -1,6 +1,5 @@
 #include "text/decimal.h"
 
-#include <array>
 #include <limits>
 
 namespace multirename {
@@ -35,18 +34,24 @@ std::int64_t read_decimal(std::u16string_view text) noexcept
     return negative ? value : saturating_subtract(0, value);
 }
 
-std::u16string decimal_text(std::int64_t value)
+std::u16string_view DecimalDigits::write(std::int64_t value) noexcept
 {
     const bool negative = value < 0;
-    std::array<char16_t, 20> digits{};
-    std::size_t first = digits.size();
+    std::size_t first = units_.size();
     do {
         const auto digit = static_cast<int>(value % 10);
-        digits[--first] = static_cast<char16_t>(u'0' + (negative ? -digit : digit));
+        units_[--first] = static_cast<char16_t>(u'0' + (negative ? -digit : digit));
         value /= 10;
     } while (value != 0);
-    std::u16string text = negative ? u"-" : u"";
-    return text.append(digits.begin() + static_cast<std::ptrdiff_t>(first), digits.end());
+    if (negative)
+        units_[--first] = u'-';
+    return {units_.data() + first, units_.size() - first};
+}
+
+std::u16string decimal_text(std::int64_t value)
+{
+    DecimalDigits digits;
+    return std::u16string(digits.write(value));
 }
 
 std::int64_t saturating_add(std::int64_t a, std::int64_t b) noexcept

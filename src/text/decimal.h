@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -16,6 +17,16 @@ namespace multirename {
 /// up to the first other character count. No digits give 0; a number that does not fit 64 bits gives the nearest that
 /// does.
 [[nodiscard]] std::int64_t read_decimal(std::u16string_view text) noexcept;
+
+/// Writes numbers into memory of its own.
+class DecimalDigits {
+public:
+    /// `value` in decimal, with "-" before a negative one and without leading zeros; lasts until the next call.
+    [[nodiscard]] std::u16string_view write(std::int64_t value) noexcept;
+
+private:
+    std::array<char16_t, 20> units_; // the longest number there is, with its sign; filled from the end
+};
 
 /// `value` in decimal, with "-" before a negative one and without leading zeros.
 [[nodiscard]] std::u16string decimal_text(std::int64_t value);

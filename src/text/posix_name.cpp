@@ -1,5 +1,8 @@
 #include "text/posix_name.h"
 
+#include <algorithm>
+#include <array>
+
 #include "text/utf8.h"
 
 namespace multirename {
@@ -14,6 +17,18 @@ bool is_mapped(char16_t unit)
 {
     return unit >= mapped_base &&
         mapped_characters.find(static_cast<char16_t>(unit - mapped_base)) != std::u16string_view::npos;
+}
+
+// Whether a byte stands for itself whatever is around it, as in nearly all names all do.
+bool is_plain(char byte)
+{
+    static constexpr auto plain = [] {
+        std::array<bool, 256> table{};
+        for (std::size_t code = 0; code < 0x80; ++code)
+            table[code] = mapped_characters.find(static_cast<char16_t>(code)) == std::u16string_view::npos;
+        return table;
+    }();
+    return plain[static_cast<unsigned char>(byte)];
 }
 
 } // namespace
@@ -32,13 +47,23 @@ std::u16string typed_from_bytes(std::string_view bytes)
     return text;
 }
 
-std::u16string name_from_bytes(std::string_view bytes)
+void name_from_bytes(std::string_view bytes, std::u16string& name)
 {
-    std::u16string name = typed_from_bytes(bytes);
+    if (std::all_of(bytes.begin(), bytes.end(), is_plain)) {
+        name.assign(bytes.begin(), bytes.end());
+        return;
+    }
+    name = typed_from_bytes(bytes);
     for (char16_t& unit : name) {
         if (mapped_characters.find(unit) != std::u16string_view::npos)
             unit = static_cast<char16_t>(mapped_base + unit);
     }
+}
+
+std::u16string name_from_bytes(std::string_view bytes)
+{
+    std::u16string name;
+    name_from_bytes(bytes, name);
     return name;
 }
 

@@ -12,6 +12,9 @@ namespace multirename {
 /// The name (no "/" in it) as the engine holds it.
 [[nodiscard]] std::u16string name_from_bytes(std::string_view bytes);
 
+/// The same into `name`, whose room is used again.
+void name_from_bytes(std::string_view bytes, std::u16string& name);
+
 /// The bytes on disk of a name; bytes_from_name(name_from_bytes(b)) is b for every b.
 [[nodiscard]] std::string bytes_from_name(std::u16string_view name);
 

@@ -20,9 +20,11 @@ namespace {
 std::set<std::string> names_in(const std::string& folder)
 {
     std::set<std::string> names;
-    for (const DirectoryEntry& entry : system_disk().list_folder(path_from_native(folder)).entries)
-        names.insert(native_from_name(entry.name));
-    return names;
+    const FolderListing listing =
+        system_disk().list_folder(path_from_native(folder), [&names](const DirectoryEntry& entry) {
+            names.insert(native_from_name(entry.name));
+        });
+    return listing.error ? std::set<std::string>() : names;
 }
 
 std::wstring list_of(std::span<const JournalEntry> moves, std::string JournalEntry::*name)

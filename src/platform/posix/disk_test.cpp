@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "platform/testing/listed_folder.h"
 #include "text/posix_name.h"
 
 namespace multirename {
@@ -34,7 +35,8 @@ protected:
     [[nodiscard]] std::vector<std::u16string> names() const
     {
         std::vector<std::u16string> all;
-        for (const DirectoryEntry& entry : system_disk().list_folder(path_from_bytes(folder_.string() + "/")).entries)
+        for (const DirectoryEntry& entry :
+             listed_folder(system_disk(), path_from_bytes(folder_.string() + "/")).entries)
             all.push_back(entry.name);
         std::ranges::sort(all);
         return all;
@@ -70,7 +72,7 @@ TEST_F(PosixDiskTest, ALinkIsListedAsTheLinkItIs)
     fs::create_directory(folder_ / "target");
     fs::create_directory_symlink(folder_ / "target", folder_ / "link");
     fs::create_symlink("nowhere", folder_ / "broken");
-    for (const DirectoryEntry& entry : system_disk().list_folder(path_from_bytes(folder_.string() + "/")).entries)
+    for (const DirectoryEntry& entry : listed_folder(system_disk(), path_from_bytes(folder_.string() + "/")).entries)
         EXPECT_EQ(entry.is_folder, entry.name == u"target");
     EXPECT_EQ(names().size(), 3U);
 }
@@ -78,7 +80,7 @@ TEST_F(PosixDiskTest, ALinkIsListedAsTheLinkItIs)
 TEST_F(PosixDiskTest, AFolderThatTellsCaseApartSaysSo)
 {
     const auto says_so = [this] {
-        return system_disk().list_folder(path_from_bytes(folder_.string() + "/")).tells_case_apart;
+        return listed_folder(system_disk(), path_from_bytes(folder_.string() + "/")).tells_case_apart;
     };
     EXPECT_TRUE(says_so());
     std::ofstream(folder_ / "123").put('x');

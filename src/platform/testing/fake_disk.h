@@ -15,6 +15,8 @@ public:
     std::map<std::u16string, std::vector<DirectoryEntry>> folders;
     std::optional<std::u16string> directory;
     std::vector<std::u16string> listings;
+    std::vector<std::u16string> details_read; ///< the paths of entries that were asked for one by one
+    bool gives_details = true; ///< with its listings
     bool tells_case_apart = false; ///< for names and for folders
 
     /// Adds a folder of plain files.
@@ -34,13 +36,31 @@ public:
         return folders[folder_path].emplace_back(std::move(entry));
     }
 
-    FolderListing list_folder(std::u16string_view folder_path) override
+    FolderListing list_folder(std::u16string_view folder_path, const EntryVisitor& visit) override
     {
         const auto& asked = listings.emplace_back(folder_path);
         const auto found = folders.find(asked);
         if (found == folders.end())
-            return {{}, tells_case_apart, std::make_error_code(std::errc::no_such_file_or_directory)};
-        return {found->second, tells_case_apart, {}};
+            return {tells_case_apart, std::make_error_code(std::errc::no_such_file_or_directory)};
+        for (const DirectoryEntry& entry : found->second) {
+            DirectoryEntry told = entry;
+            if (gives_details)
+                told.has_details = true;
+            else
+                told = {entry.name, entry.is_folder, entry.is_hidden};
+            visit(told);
+        }
+        return {tells_case_apart, {}};
+    }
+
+    void read_details(std::u16string_view folder_path, DirectoryEntry& entry) override
+    {
+        details_read.push_back(std::u16string(folder_path) + entry.name);
+        for (const DirectoryEntry& known : folders[std::u16string(folder_path)]) {
+            if (known.name == entry.name)
+                entry = known;
+        }
+        entry.has_details = true;
     }
 
     bool tells_folders_apart_by_case() override { return tells_case_apart; }

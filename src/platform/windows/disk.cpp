@@ -27,32 +27,44 @@ bool is_link_to_itself_or_parent(const WIN32_FIND_DATAW& found)
     return (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0 && (name == L"." || name == L"..");
 }
 
+void take_details(const WIN32_FIND_DATAW& found, DirectoryEntry& entry)
+{
+    entry.has_details = true;
+    entry.read_only = (found.dwFileAttributes & FILE_ATTRIBUTE_READONLY) != 0;
+    entry.size = joined(found.nFileSizeHigh, found.nFileSizeLow);
+    entry.created = file_time(found.ftCreationTime);
+    entry.last_write = file_time(found.ftLastWriteTime);
+}
+
 class WindowsDisk final : public Disk {
 public:
-    FolderListing list_folder(std::u16string_view folder_path) override
+    FolderListing list_folder(std::u16string_view folder_path, const EntryVisitor& visit) override
     {
-        FolderListing listing;
         WIN32_FIND_DATAW found{};
         const UniqueHandle<FindTraits> search(
             FindFirstFileW(to_wide(listing_search_text(folder_path)).c_str(), &found));
-        if (!search) {
-            listing.error = {static_cast<int>(GetLastError()), std::system_category()};
-            return listing;
-        }
+        if (!search)
+            return {false, {static_cast<int>(GetLastError()), std::system_category()}};
+        DirectoryEntry entry;
         do {
             if (is_link_to_itself_or_parent(found))
                 continue;
-            DirectoryEntry entry;
             entry.name = from_wide(found.cFileName);
             entry.is_folder = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-            entry.read_only = (found.dwFileAttributes & FILE_ATTRIBUTE_READONLY) != 0;
             entry.is_hidden = (found.dwFileAttributes & FILE_ATTRIBUTE_HIDDEN) != 0 || found.cFileName[0] == L'.';
-            entry.size = joined(found.nFileSizeHigh, found.nFileSizeLow);
-            entry.created = file_time(found.ftCreationTime);
-            entry.last_write = file_time(found.ftLastWriteTime);
-            listing.entries.push_back(std::move(entry));
+            take_details(found, entry);
+            visit(entry);
         } while (FindNextFileW(search.get(), &found));
-        return listing;
+        return {};
+    }
+
+    void read_details(std::u16string_view folder_path, DirectoryEntry& entry) override
+    {
+        WIN32_FIND_DATAW found{};
+        const std::u16string path = long_path_form(std::u16string(folder_path) + entry.name);
+        if (!UniqueHandle<FindTraits>(FindFirstFileW(to_wide(path).c_str(), &found)))
+            found = {};
+        take_details(found, entry);
     }
 
     bool tells_folders_apart_by_case() override { return false; }

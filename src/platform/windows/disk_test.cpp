@@ -6,6 +6,7 @@
 #include <array>
 #include <string>
 
+#include "platform/testing/listed_folder.h"
 #include "platform/windows/wide.h"
 
 namespace multirename {
@@ -52,7 +53,7 @@ TEST_F(WindowsDiskTest, TellsTheCreationTime)
     FILETIME created{};
     EXPECT_TRUE(GetFileTime(file, &created, nullptr, nullptr));
     CloseHandle(file);
-    const auto entries = system_disk().list_folder(from_wide(folder_)).entries;
+    const auto entries = listed_folder(system_disk(), from_wide(folder_)).entries;
     ASSERT_EQ(entries.size(), 1U);
     EXPECT_EQ(entries[0].created, FileTime{created.dwHighDateTime} << 32 | created.dwLowDateTime);
 }
@@ -60,9 +61,9 @@ TEST_F(WindowsDiskTest, TellsTheCreationTime)
 TEST_F(WindowsDiskTest, TellsWhatTheAttributeHides)
 {
     ASSERT_TRUE(make_file(folder_ + file_));
-    EXPECT_FALSE(system_disk().list_folder(from_wide(folder_)).entries.at(0).is_hidden);
+    EXPECT_FALSE(listed_folder(system_disk(), from_wide(folder_)).entries.at(0).is_hidden);
     SetFileAttributesW((folder_ + file_).c_str(), FILE_ATTRIBUTE_HIDDEN);
-    EXPECT_TRUE(system_disk().list_folder(from_wide(folder_)).entries.at(0).is_hidden);
+    EXPECT_TRUE(listed_folder(system_disk(), from_wide(folder_)).entries.at(0).is_hidden);
 }
 
 TEST_F(WindowsDiskTest, ListsFoldersBeyond260Characters)
@@ -74,7 +75,7 @@ TEST_F(WindowsDiskTest, ListsFoldersBeyond260Characters)
         ASSERT_TRUE(CreateDirectoryW((L"\\\\?\\" + deep_).c_str(), nullptr));
     }
     ASSERT_TRUE(make_file(L"\\\\?\\" + deep_ + file_));
-    const auto entries = system_disk().list_folder(from_wide(deep_)).entries;
+    const auto entries = listed_folder(system_disk(), from_wide(deep_)).entries;
     ASSERT_EQ(entries.size(), 1U);
     EXPECT_EQ(entries[0].name, u"f.txt");
 }

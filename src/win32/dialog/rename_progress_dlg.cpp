@@ -8,7 +8,7 @@
 
 namespace multirename {
 
-void RenameProgressDlg::rename(OwnerWindow owner, const std::vector<std::shared_ptr<Filename>>& entries)
+void RenameProgressDlg::rename(OwnerWindow owner, std::span<const Filename* const> entries)
 {
     const MoveLists lists = move_lists(entries);
     if (lists.sources.empty() || lists.targets.empty())

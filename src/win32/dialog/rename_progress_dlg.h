@@ -10,7 +10,7 @@ class RenameProgressDlg final : public RenameProgress {
 public:
     void announce() override { }
     bool is_cancelled() override { return false; }
-    void rename(OwnerWindow owner, const std::vector<std::shared_ptr<Filename>>& entries) override;
+    void rename(OwnerWindow owner, std::span<const Filename* const> entries) override;
 };
 
 } // namespace multirename
