@@ -1,8 +1,9 @@
 #include "text/posix_name.h"
 
 #include <algorithm>
-#include <array>
+#include <cstdint>
 
+#include "text/surrogates.h"
 #include "text/utf8.h"
 
 namespace multirename {
@@ -13,23 +14,31 @@ constexpr std::u16string_view mapped_characters = u"\\:*?\"<>|";
 constexpr char16_t mapped_base = 0xF000;
 constexpr char16_t stray_byte_base = 0xDC00;
 
-bool is_mapped(char16_t unit)
+// One bit for each character of ASCII that is moved aside. Most names hold none and nothing beyond ASCII, and there are
+// many of them, so that they are looked through without a search for each character.
+struct MappedBits {
+    std::uint64_t low = 0;
+    std::uint64_t high = 0;
+};
+constexpr MappedBits mapped_bits = [] {
+    MappedBits bits;
+    for (const char16_t unit : mapped_characters)
+        (unit < 64 ? bits.low : bits.high) |= std::uint64_t{1} << (unit % 64U);
+    return bits;
+}();
+
+bool is_to_be_mapped(char16_t unit)
 {
-    return unit >= mapped_base &&
-        mapped_characters.find(static_cast<char16_t>(unit - mapped_base)) != std::u16string_view::npos;
+    return unit < 0x80 && ((unit < 64 ? mapped_bits.low : mapped_bits.high) >> (unit % 64U) & 1U) != 0;
 }
 
-// Whether a byte stands for itself whatever is around it, as in nearly all names all do.
-bool is_plain(char byte)
+bool is_mapped(char16_t unit)
 {
-    static constexpr auto plain = [] {
-        std::array<bool, 256> table{};
-        for (std::size_t code = 0; code < 0x80; ++code)
-            table[code] = mapped_characters.find(static_cast<char16_t>(code)) == std::u16string_view::npos;
-        return table;
-    }();
-    return plain[static_cast<unsigned char>(byte)];
+    return unit >= mapped_base && is_to_be_mapped(static_cast<char16_t>(unit - mapped_base));
 }
+
+bool is_plain(char16_t unit) { return unit < 0x80 && !is_to_be_mapped(unit); }
+bool is_plain_byte(char byte) { return is_plain(static_cast<unsigned char>(byte)); }
 
 } // namespace
 
@@ -49,13 +58,13 @@ std::u16string typed_from_bytes(std::string_view bytes)
 
 void name_from_bytes(std::string_view bytes, std::u16string& name)
 {
-    if (std::all_of(bytes.begin(), bytes.end(), is_plain)) {
+    if (std::ranges::all_of(bytes, is_plain_byte)) {
         name.assign(bytes.begin(), bytes.end());
         return;
     }
     name = typed_from_bytes(bytes);
     for (char16_t& unit : name) {
-        if (mapped_characters.find(unit) != std::u16string_view::npos)
+        if (is_to_be_mapped(unit))
             unit = static_cast<char16_t>(mapped_base + unit);
     }
 }
@@ -78,6 +87,28 @@ std::u16string shown_name(std::u16string_view name)
 }
 
 std::string bytes_from_name(std::u16string_view name) { return to_bytes(shown_name(name)); }
+
+void bytes_from_name(std::u16string_view name, std::string& bytes)
+{
+    bytes.resize(name.size());
+    char* next = bytes.data();
+    char16_t all_bits = 0;
+    for (const char16_t unit : name) {
+        all_bits = static_cast<char16_t>(all_bits | unit);
+        *next++ = static_cast<char>(unit);
+    }
+    if (all_bits >= 0x80)
+        bytes = bytes_from_name(name);
+}
+
+bool is_plain_name(std::u16string_view name) noexcept { return std::ranges::all_of(name, is_plain); }
+
+bool is_same_from_bytes(std::u16string_view name)
+{
+    if (std::ranges::none_of(name, is_half))
+        return std::ranges::none_of(name, is_to_be_mapped);
+    return name_from_bytes(bytes_from_name(name)) == name;
+}
 
 std::u16string path_from_bytes(std::string_view bytes)
 {

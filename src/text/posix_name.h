@@ -17,6 +17,15 @@ void name_from_bytes(std::string_view bytes, std::u16string& name);
 
 /// The bytes on disk of a name; bytes_from_name(name_from_bytes(b)) is b for every b.
 [[nodiscard]] std::string bytes_from_name(std::u16string_view name);
+/// The same into memory that is used again.
+void bytes_from_name(std::u16string_view name, std::string& bytes);
+
+/// Whether the name is nothing but characters of ASCII of which none was or can be moved aside: most names are, and
+/// need no closer look then.
+[[nodiscard]] bool is_plain_name(std::u16string_view name) noexcept;
+
+/// Whether name_from_bytes(bytes_from_name(name)) is the name.
+[[nodiscard]] bool is_same_from_bytes(std::u16string_view name);
 
 /// A name with the characters that were moved aside in their places again, still in UTF-16: what people see.
 [[nodiscard]] std::u16string shown_name(std::u16string_view name);

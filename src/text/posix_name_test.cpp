@@ -59,6 +59,28 @@ TEST(PosixName, AnyBytesComeBackAsTheyWere)
     }
 }
 
+TEST(PosixName, TheMemoryOfAnotherNameMayTakeItsBytes)
+{
+    std::string bytes = "a longer name that was there before.txt";
+    for (const std::u16string_view name : {u"a b.txt", u"", u"caf\u00E9\xF03A\xDCFF", u"c"}) {
+        bytes_from_name(name, bytes);
+        EXPECT_EQ(bytes, bytes_from_name(name));
+    }
+}
+
+TEST(PosixName, IsTheSameFromItsBytesUnlessItsUnitsHaveNone)
+{
+    std::mt19937 random(4);
+    const std::u16string frequent = u"a:\\\xF03A\xF041\u00E9\xD83D\xDE00\xDCC3\xDCA9";
+    for (int round = 0; round < 20000; ++round) {
+        std::u16string name;
+        for (std::size_t length = random() % 5; name.size() < length;)
+            name.push_back(frequent[random() % frequent.size()]);
+        ASSERT_EQ(is_same_from_bytes(name), name_from_bytes(bytes_from_name(name)) == name);
+        ASSERT_EQ(is_plain_name(name), name.find_first_not_of(u'a') == std::u16string::npos);
+    }
+}
+
 TEST(PosixPath, HasBackslashesBehindTheBorder)
 {
     EXPECT_EQ(path_from_bytes("/home/a:b/c\\d.txt"),

@@ -1,5 +1,6 @@
 #include "text/utf8.h"
 
+#include <algorithm>
 #include <cstdint>
 
 #include "text/surrogates.h"
@@ -98,6 +99,25 @@ std::string to_bytes(std::u16string_view text)
         }
     }
     return bytes;
+}
+
+// Without a way out of the loop the compiler looks at many units at a time.
+bool is_printable_ascii(std::u16string_view text) noexcept
+{
+    unsigned others = 0;
+    for (const char16_t unit : text)
+        others |= unit < 0x20U || unit > 0x7EU ? 1U : 0U;
+    return others == 0;
+}
+
+bool append_printable_ascii(std::string& bytes, std::u16string_view text)
+{
+    if (!is_printable_ascii(text))
+        return false;
+    const std::size_t start = bytes.size();
+    bytes.resize(start + text.size());
+    std::ranges::transform(text, bytes.data() + start, [](char16_t unit) { return static_cast<char>(unit); });
+    return true;
 }
 
 } // namespace multirename

@@ -13,4 +13,11 @@ namespace multirename {
 /// to_bytes(from_bytes(b)) is b for every b. Any other half of a surrogate pair has no bytes and becomes U+FFFD.
 [[nodiscard]] std::string to_bytes(std::u16string_view text);
 
+/// Appends text that is nothing but printable characters of ASCII. False, and nothing is done, when it holds anything
+/// else: most texts do not, and need no closer look then.
+bool append_printable_ascii(std::string& bytes, std::u16string_view text);
+
+/// Whether the text is nothing but printable characters of ASCII.
+[[nodiscard]] bool is_printable_ascii(std::u16string_view text) noexcept;
+
 } // namespace multirename

@@ -54,5 +54,17 @@ TEST(Utf8, AnyBytesComeBackAsTheyWere)
     }
 }
 
+TEST(PrintableAscii, IsAppendedAndAnythingElseIsNot)
+{
+    std::string bytes = "before ";
+    EXPECT_TRUE(append_printable_ascii(bytes, u" a~"));
+    EXPECT_TRUE(append_printable_ascii(bytes, u""));
+    EXPECT_EQ(bytes, "before  a~");
+    for (const char16_t other : {u'\0', u'\n', u'\x1F', u'\x7F', u'\x80', u'\x0141', u'\xD83D', u'\xF03A'}) {
+        EXPECT_FALSE(append_printable_ascii(bytes, std::u16string(u"text") + other));
+        EXPECT_EQ(bytes, "before  a~");
+    }
+}
+
 } // namespace
 } // namespace multirename
