@@ -1,6 +1,7 @@
 #include "cli/batch_rename.h"
 
 #include <chrono>
+#include <utility>
 
 #include "cli/failure.h"
 #include "cli/progress_bar.h"
@@ -21,6 +22,29 @@ std::string reason_of(const std::error_code& error)
     return error_text(error);
 }
 
+// The moves as the journal and the system want them, made from the records each time: there may be very many.
+class MovesOfRun final : public MoveList {
+public:
+    explicit MovesOfRun(std::span<const Filename* const> entries) : entries_(entries) { }
+
+    [[nodiscard]] std::size_t size() const noexcept override { return entries_.size(); }
+
+    void get(std::size_t index, JournalEntry& move) const override
+    {
+        const Filename& entry = *entries_[index];
+        if (std::exchange(folder_, entry.folder) != entry.folder)
+            path_ = native_from_path(entry.folder->path);
+        move.folder = path_;
+        native_from_name(entry.name, move.old_name);
+        native_from_name(entry.new_name, move.new_name);
+    }
+
+private:
+    std::span<const Filename* const> entries_;
+    mutable const RenameFolder* folder_ = nullptr; // the one whose path these bytes are
+    mutable std::string path_;
+};
+
 } // namespace
 
 BatchRename::BatchRename(Batches& batches, Console& console) : batches_(batches), console_(console) { }
@@ -28,11 +52,7 @@ BatchRename::~BatchRename() = default;
 
 void BatchRename::rename(OwnerWindow, std::span<const Filename* const> entries)
 {
-    std::vector<JournalEntry> moves;
-    moves.reserve(entries.size());
-    for (const Filename* entry : entries)
-        moves.push_back(
-            {native_from_path(entry->folder->path), native_from_name(entry->name), native_from_name(entry->new_name)});
+    const MovesOfRun moves(entries);
     const auto now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
     if (const std::error_code error = batches_.begin(moves, now, batch_))
         throw Failure(ExitStatus::PartlyDone,

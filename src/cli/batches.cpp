@@ -96,7 +96,7 @@ std::string local_text(Moment moment)
 void Batch::mark(std::size_t entry, EntryState state)
 {
     journal_.states[entry] = state;
-    file_.overwrite(journal_.state_offsets[entry], static_cast<char>(state));
+    file_.overwrite(journal_.state_offset(entry), static_cast<char>(state));
 }
 
 void Batch::close()
@@ -114,33 +114,30 @@ void Batch::close()
         set_aside(path_);
 }
 
-std::error_code Batches::begin(std::vector<JournalEntry> entries, Moment now, Batch& batch)
+std::error_code Batches::begin(const MoveList& moves, Moment now, Batch& batch)
 {
     if (folder_.empty())
         return std::make_error_code(std::errc::no_such_file_or_directory);
     if (const std::error_code error = make_private_folder(folder_))
         return error;
     forget_before(now - keeping_time);
-    JournalText text = journal_text(entries, now.time_since_epoch().count());
     const std::vector<std::string> known = ids();
     std::string id = id_of(now, 1);
     if (!known.empty() && known.front() >= id)
         id = id_after(known.front());
+    const std::int64_t created = now.time_since_epoch().count();
+    const auto content = [&](const DurableFile::Sink& sink) { return write_journal(moves, created, sink); };
     DurableFile file;
     std::error_code error;
-    while ((error = DurableFile::create(folder_ / (id + std::string(ending)), text.bytes, file)) ==
-           std::errc::file_exists)
+    while ((error = DurableFile::create(folder_ / (id + std::string(ending)), content, file)) == std::errc::file_exists)
         id = id_after(id);
     if (error)
         return error;
     batch.id_ = id;
     batch.path_ = folder_ / (id + std::string(ending));
+    batch.journal_ = Journal::begun(moves.size(), created);
     batch.file_ = std::move(file);
-    batch.journal_.created = now.time_since_epoch().count();
-    batch.journal_.planned = entries.size();
-    batch.journal_.states.assign(entries.size(), EntryState::Planned);
-    batch.journal_.entries = std::move(entries);
-    batch.journal_.state_offsets = std::move(text.state_offsets);
+    batch.file_.ease_overwrites(batch.journal_.end_of_states());
     return {};
 }
 
@@ -177,7 +174,7 @@ std::error_code Batches::open(const std::string& id, Batch& batch) const
     DurableFile file;
     if (const std::error_code error = DurableFile::open(path, file, content))
         return error;
-    std::optional<Journal> journal = read_journal(content);
+    std::optional<Journal> journal = Journal::read(std::move(content));
     if (!journal) {
         file = DurableFile();
         set_aside(path);
@@ -187,6 +184,7 @@ std::error_code Batches::open(const std::string& id, Batch& batch) const
     batch.path_ = path;
     batch.journal_ = std::move(*journal);
     batch.file_ = std::move(file);
+    batch.file_.ease_overwrites(batch.journal_.end_of_states());
     return {};
 }
 
@@ -197,13 +195,15 @@ std::vector<BatchSummary> Batches::summaries() const
         std::string content;
         if (read_file(folder_ / (id + std::string(ending)), content))
             continue;
-        const std::optional<Journal> journal = read_journal(content);
+        const std::optional<Journal> journal = Journal::read(std::move(content));
         if (!journal)
             continue;
         const auto names = std::ranges::count_if(journal->states, can_be_taken_back);
-        if (names > 0)
-            all.push_back({id, Moment(seconds(journal->created)), static_cast<std::size_t>(names),
-                           journal->entries.front().folder});
+        if (names == 0)
+            continue;
+        JournalEntry first;
+        journal->get(0, first);
+        all.push_back({id, Moment(seconds(journal->created)), static_cast<std::size_t>(names), first.folder});
     }
     return all;
 }

@@ -19,10 +19,11 @@ using Moment = std::chrono::sys_seconds;
 class Batch {
 public:
     [[nodiscard]] const std::string& id() const noexcept { return id_; }
-    [[nodiscard]] const std::vector<JournalEntry>& entries() const noexcept { return journal_.entries; }
+    /// The renames that can be read; none of a batch that has just begun.
+    [[nodiscard]] const MoveList& moves() const noexcept { return journal_; }
     [[nodiscard]] EntryState state(std::size_t entry) const { return journal_.states[entry]; }
     /// How many entries at the end of the journal cannot be read.
-    [[nodiscard]] std::size_t unknown() const noexcept { return journal_.planned - journal_.entries.size(); }
+    [[nodiscard]] std::size_t unknown() const noexcept { return journal_.planned - journal_.states.size(); }
 
     /// Writes down what became of an entry.
     void mark(std::size_t entry, EntryState state);
@@ -54,7 +55,7 @@ public:
 
     /// Writes the journal of a new batch; when it returns without an error the journal is on the disk. Batches of more
     /// than 90 days before `now` are forgotten.
-    [[nodiscard]] std::error_code begin(std::vector<JournalEntry> entries, Moment now, Batch& batch);
+    [[nodiscard]] std::error_code begin(const MoveList& moves, Moment now, Batch& batch);
 
     /// The ids of all batches, the last one first.
     [[nodiscard]] std::vector<std::string> ids() const;

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstddef>
-#include <span>
 #include <system_error>
 
 #include "cli/journal.h"
@@ -27,6 +26,6 @@ public:
 /// Carries out the moves in their order; one that fails does not keep the others from being tried. On Windows the
 /// system's shell does them all in one operation, which its own undo can take back, and asks nobody anything; what it
 /// did is told afterwards, and cannot be stopped.
-void carry_out(std::span<const JournalEntry> moves, MoveObserver& observer);
+void carry_out(const MoveList& moves, MoveObserver& observer);
 
 } // namespace multirename

@@ -133,6 +133,10 @@ private:
         for (const Edit& edit : request_.edits)
             typed += session.selected.border().typed(edit.argument);
         RenameObstacles known;
+        const RenameFolder* folder = nullptr; // the one whose path these bytes are
+        std::string path;
+        std::string old_name;
+        std::string new_name;
         for (std::size_t row = 0; row < session.run.row_count(); ++row) {
             const Filename& entry = session.run.row_entry(row);
             if (!entry.in_scope || entry.status != Status::Ready || entry.new_name == entry.name)
@@ -143,8 +147,11 @@ private:
                 reasons.emplace(&entry, "the new name cannot be written in the encoding of the file system");
                 continue;
             }
-            auto reason = known.find(native_from_path(entry.folder->path), native_from_name(entry.name),
-                                     native_from_name(entry.new_name), entry.is_folder);
+            if (std::exchange(folder, entry.folder) != entry.folder)
+                path = native_from_path(entry.folder->path);
+            native_from_name(entry.name, old_name);
+            native_from_name(entry.new_name, new_name);
+            auto reason = known.find(path, old_name, new_name, entry.is_folder);
             if (reason)
                 reasons.emplace(&entry, std::move(*reason));
         }
@@ -167,11 +174,13 @@ private:
 
     void print_files(const FilesReport& report)
     {
-        switch (printer_.format()) {
-        case OutputFormat::Table: printer_.print(files_as_table(report, printer_.table_style())); break;
-        case OutputFormat::Tsv: printer_.print(files_as_tsv(report)); break;
-        case OutputFormat::Json: printer_.print(files_as_json(report)); break;
-        }
+        printer_.print([&](TextOutput& output) {
+            switch (printer_.format()) {
+            case OutputFormat::Table: write_files_as_table(report, printer_.table_style(), output); break;
+            case OutputFormat::Tsv: write_files_as_tsv(report, output); break;
+            case OutputFormat::Json: write_files_as_json(report, output); break;
+            }
+        });
     }
 
     // Edits and everything that is said before the checks.

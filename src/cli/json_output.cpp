@@ -1,6 +1,5 @@
 #include "cli/json_output.h"
 
-#include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
 
 #include <array>
@@ -14,9 +13,71 @@ namespace multirename {
 
 namespace {
 
+void append_escape(std::string& quoted, char16_t unit, const char* form)
+{
+    std::array<char, 8> text{};
+    std::snprintf(text.data(), text.size(), form, static_cast<unsigned>(unit));
+    quoted += text.data();
+}
+
+void append_well_formed(std::string& quoted, std::u16string_view text)
+{
+    for (const char byte : to_bytes(text)) {
+        switch (byte) {
+        case '"': quoted += "\\\""; break;
+        case '\\': quoted += "\\\\"; break;
+        case '\b': quoted += "\\b"; break;
+        case '\f': quoted += "\\f"; break;
+        case '\n': quoted += "\\n"; break;
+        case '\r': quoted += "\\r"; break;
+        case '\t': quoted += "\\t"; break;
+        default:
+            if (static_cast<unsigned char>(byte) < 0x20)
+                append_escape(quoted, static_cast<unsigned char>(byte), "\\u%04X");
+            else
+                quoted.push_back(byte);
+        }
+    }
+}
+
+void append_escaped(std::string& quoted, std::u16string_view text)
+{
+    const bool has_none = text.find_first_of(u"\"\\") == std::u16string_view::npos;
+    if (has_none && append_printable_ascii(quoted, text))
+        return;
+    std::size_t start = 0;
+    for (std::size_t half = 0; (half = find_lone_half(text, start)) != std::u16string_view::npos; start = half + 1) {
+        append_well_formed(quoted, text.substr(start, half - start));
+        append_escape(quoted, text[half], "\\u%04x");
+    }
+    append_well_formed(quoted, text.substr(start));
+}
+
+void append_quoted(std::string& quoted, std::u16string_view text)
+{
+    quoted.push_back('"');
+    append_escaped(quoted, text);
+    quoted.push_back('"');
+}
+
+std::string quoted(std::u16string_view text)
+{
+    std::string json;
+    append_quoted(json, text);
+    return json;
+}
+
+// Where the library's writer puts what it writes.
+struct JsonStream {
+    using Ch = char;
+    std::string& text;
+    void Put(char byte) { text.push_back(byte); }
+    void Flush() { }
+};
+
 class Json {
 public:
-    [[nodiscard]] std::string text() const { return std::string(buffer_.GetString(), buffer_.GetSize()) + "\n"; }
+    explicit Json(TextOutput& output) : stream_{output.piece()} { }
 
     void begin_object() { writer_.StartObject(); }
     void end_object() { writer_.EndObject(); }
@@ -34,9 +95,13 @@ public:
     void value(const std::u16string& text) { value(std::u16string_view(text)); }
     void value(std::u16string_view text)
     {
-        const std::string quoted = quoted_text(text);
-        writer_.RawValue(quoted.data(), quoted.size(), rapidjson::kStringType);
+        quoted_.clear();
+        append_quoted(quoted_, text);
+        raw(quoted_);
     }
+    /// A value that is JSON already.
+    void raw(std::string_view json) { writer_.RawValue(json.data(), json.size(), rapidjson::kStringType); }
+    void end_text() { stream_.Put('\n'); }
 
     template <class Value>
     void member(const char* name, const Value& content)
@@ -55,41 +120,19 @@ public:
     }
 
 private:
-    static std::string escape(char16_t unit)
-    {
-        std::array<char, 8> text{};
-        std::snprintf(text.data(), text.size(), "\\u%04x", static_cast<unsigned>(unit));
-        return text.data();
-    }
-
-    // The library's own way with everything but lone halves, without the quotation marks.
-    static void append_well_formed(std::string& quoted, std::u16string_view text)
-    {
-        if (text.empty())
-            return;
-        const std::string bytes = to_bytes(text);
-        rapidjson::StringBuffer buffer;
-        rapidjson::Writer<rapidjson::StringBuffer> writer(buffer);
-        writer.String(bytes.data(), static_cast<rapidjson::SizeType>(bytes.size()));
-        quoted.append(buffer.GetString() + 1, buffer.GetSize() - 2);
-    }
-
-    static std::string quoted_text(std::u16string_view text)
-    {
-        std::string quoted = "\"";
-        std::size_t start = 0;
-        for (std::size_t half = 0; (half = find_lone_half(text, start)) != std::u16string_view::npos;
-             start = half + 1) {
-            append_well_formed(quoted, text.substr(start, half - start));
-            quoted += escape(text[half]);
-        }
-        append_well_formed(quoted, text.substr(start));
-        return quoted + "\"";
-    }
-
-    rapidjson::StringBuffer buffer_;
-    rapidjson::Writer<rapidjson::StringBuffer> writer_{buffer_};
+    JsonStream stream_;
+    rapidjson::Writer<JsonStream> writer_{stream_};
+    std::string quoted_; // the memory is used again
 };
+
+std::string json_text(const std::function<void(Json&)>& write)
+{
+    return whole_text([&write](TextOutput& output) {
+        Json json(output);
+        write(json);
+        json.end_text();
+    });
+}
 
 void write_part(Json& json, const NamePart& part, std::size_t number, const NameBorder& border)
 {
@@ -105,13 +148,22 @@ void write_part(Json& json, const NamePart& part, std::size_t number, const Name
     json.end_object();
 }
 
-void write_file(Json& json, const FilesReport& report, std::size_t row)
+void write_name(Json& json, const char* key, std::u16string_view name, const NameBorder& border)
+{
+    if (is_printable_ascii(name))
+        json.member(key, name);
+    else
+        json.member(key, border.shown(name));
+}
+
+void write_file(Json& json, const FilesReport& report, std::size_t row, ShownFolder& folder)
 {
     const Filename& entry = report.run.row_entry(row);
     json.begin_object();
-    json.member("old", report.border.shown(entry.name));
-    json.member("new", report.border.shown(entry.new_name));
-    json.member("folder", shown_folder(report, entry));
+    write_name(json, "old", entry.name, report.border);
+    write_name(json, "new", entry.new_name, report.border);
+    json.key("folder");
+    json.raw(folder.of(entry));
     json.member("status", static_cast<std::uint32_t>(entry.status));
     json.member("inScope", entry.in_scope);
     json.member("matched", report.run.fits_pattern(row));
@@ -134,78 +186,81 @@ void write_problems(Json& json, const ProblemCounts& problems)
 
 std::string pattern_as_json(const RenameRun& run, const NameBorder& border)
 {
-    Json json;
-    json.begin_object();
-    json.member("pattern", border.shown(run.pattern().patternText));
-    json.member("extension", border.shown(run.extension_text()));
-    json.member("numbersAsText", run.numbers_as_text().checked);
-    json.member("extensions", run.allow_extension_changes().checked);
-    json.key("parts");
-    json.begin_array();
-    std::size_t number = 0;
-    for (const NamePart& part : run.pattern().parts)
-        write_part(json, part, ++number, border);
-    json.end_array();
-    json.end_object();
-    return json.text();
+    return json_text([&](Json& json) {
+        json.begin_object();
+        json.member("pattern", border.shown(run.pattern().patternText));
+        json.member("extension", border.shown(run.extension_text()));
+        json.member("numbersAsText", run.numbers_as_text().checked);
+        json.member("extensions", run.allow_extension_changes().checked);
+        json.key("parts");
+        json.begin_array();
+        std::size_t number = 0;
+        for (const NamePart& part : run.pattern().parts)
+            write_part(json, part, ++number, border);
+        json.end_array();
+        json.end_object();
+    });
 }
 
-std::string files_as_json(const FilesReport& report)
+void write_files_as_json(const FilesReport& report, TextOutput& output)
 {
-    Json json;
+    Json json(output);
+    ShownFolder folder(report, &quoted);
     json.begin_object();
     json.member("pattern", report.border.shown(report.run.pattern().patternText));
     json.key("files");
     json.begin_array();
-    for (std::size_t row = 0; row < report.run.row_count(); ++row)
-        write_file(json, report, row);
+    for (std::size_t row = 0; row < report.run.row_count(); ++row) {
+        write_file(json, report, row, folder);
+        output.pass_on_when_large();
+    }
     json.end_array();
     json.key("problems");
     write_problems(json, report.problems);
     json.member("renamed", static_cast<std::uint64_t>(report.renamed.value_or(0)));
     json.member_or_null("batch", report.batch);
     json.end_object();
-    return json.text();
+    json.end_text();
 }
 
 std::string batches_as_json(const std::vector<BatchSummary>& batches)
 {
-    Json json;
-    json.begin_object();
-    json.key("batches");
-    json.begin_array();
-    for (const BatchSummary& batch : batches) {
+    return json_text([&](Json& json) {
         json.begin_object();
-        json.member("batch", batch.id);
-        json.member("time", utc_text(batch.created));
-        json.member("names", static_cast<std::uint64_t>(batch.names));
-        json.member("folder", shown_native_path(path_from_native(batch.folder)));
+        json.key("batches");
+        json.begin_array();
+        for (const BatchSummary& batch : batches) {
+            json.begin_object();
+            json.member("batch", batch.id);
+            json.member("time", utc_text(batch.created));
+            json.member("names", static_cast<std::uint64_t>(batch.names));
+            json.member("folder", shown_native_path(path_from_native(batch.folder)));
+            json.end_object();
+        }
+        json.end_array();
         json.end_object();
-    }
-    json.end_array();
-    json.end_object();
-    return json.text();
+    });
 }
 
 std::string undo_as_json(const UndoReport& report)
 {
-    Json json;
-    json.begin_object();
-    json.member("batch", report.id);
-    json.member("restored", static_cast<std::uint64_t>(report.restored));
-    json.key("left");
-    json.begin_array();
-    for (const LeftEntry& left : report.left) {
+    return json_text([&](Json& json) {
         json.begin_object();
-        json.member("folder", shown_native_path(path_from_native(left.entry.folder)));
-        json.member("old", shown_native_name(name_from_native(left.entry.old_name)));
-        json.member("new", shown_native_name(name_from_native(left.entry.new_name)));
-        json.member("reason", left.reason);
+        json.member("batch", report.id);
+        json.member("restored", static_cast<std::uint64_t>(report.restored));
+        json.key("left");
+        json.begin_array();
+        for (const LeftEntry& left : report.left) {
+            json.begin_object();
+            json.member("folder", shown_native_path(path_from_native(left.entry.folder)));
+            json.member("old", shown_native_name(name_from_native(left.entry.old_name)));
+            json.member("new", shown_native_name(name_from_native(left.entry.new_name)));
+            json.member("reason", left.reason);
+            json.end_object();
+        }
+        json.end_array();
         json.end_object();
-    }
-    json.end_array();
-    json.end_object();
-    return json.text();
+    });
 }
 
 } // namespace multirename

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "cli/report.h"
+#include "cli/text_output.h"
 #include "cli/undo.h"
 
 namespace multirename {
@@ -11,7 +12,7 @@ namespace multirename {
 // byte that is not UTF-8, is written as its escape.
 
 [[nodiscard]] std::string pattern_as_json(const RenameRun& run, const NameBorder& border);
-[[nodiscard]] std::string files_as_json(const FilesReport& report);
+void write_files_as_json(const FilesReport& report, TextOutput& output);
 [[nodiscard]] std::string batches_as_json(const std::vector<BatchSummary>& batches);
 [[nodiscard]] std::string undo_as_json(const UndoReport& report);
 

@@ -39,31 +39,57 @@ bool is_obeyed(char32_t character)
         character == 0xFEFF;
 }
 
-} // namespace
-
-std::vector<Glyph> glyphs(std::u16string_view text)
+template <class Visit>
+void visit_glyphs(std::u16string_view text, Visit visit)
 {
-    std::vector<Glyph> all;
     for (std::size_t i = 0; i < text.size(); ++i) {
         const char16_t unit = text[i];
         const bool is_pair = is_pair_at(text, i);
         if (!is_pair && is_half(unit)) {
-            all.push_back(stands_for_byte(unit) ? escape("\\x%02x", unit & 0xFFU) : escape("\\u%04x", unit));
+            visit(stands_for_byte(unit) ? escape("\\x%02x", unit & 0xFFU) : escape("\\u%04x", unit));
             continue;
         }
         const std::u16string_view units = text.substr(i, is_pair ? 2 : 1);
         const char32_t character = is_pair ? joined_halves(unit, text[++i]) : char32_t{unit};
         const auto columns = columns_of(character);
-        all.push_back(!columns || is_obeyed(character) ? escaped(character) : Glyph{to_bytes(units), *columns});
+        visit(!columns || is_obeyed(character) ? escaped(character) : Glyph{to_bytes(units), *columns});
     }
+}
+
+} // namespace
+
+std::vector<Glyph> glyphs(std::u16string_view text)
+{
+    std::vector<Glyph> all;
+    visit_glyphs(text, [&all](Glyph glyph) { all.push_back(std::move(glyph)); });
     return all;
+}
+
+std::size_t append_printable(std::string& bytes, std::u16string_view text)
+{
+    if (append_printable_ascii(bytes, text))
+        return text.size();
+    std::size_t columns = 0;
+    visit_glyphs(text, [&bytes, &columns](const Glyph& glyph) {
+        bytes += glyph.bytes;
+        columns += glyph.columns;
+    });
+    return columns;
+}
+
+std::size_t printable_columns(std::u16string_view text)
+{
+    if (is_printable_ascii(text))
+        return text.size();
+    std::size_t columns = 0;
+    visit_glyphs(text, [&columns](const Glyph& glyph) { columns += glyph.columns; });
+    return columns;
 }
 
 std::string printable(std::u16string_view text)
 {
     std::string bytes;
-    for (const Glyph& glyph : glyphs(text))
-        bytes += glyph.bytes;
+    append_printable(bytes, text);
     return bytes;
 }
 

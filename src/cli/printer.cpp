@@ -7,8 +7,23 @@ namespace multirename {
 void Printer::print(const std::string& text)
 {
     const bool is_paged = request_.pager && console_.output_is_terminal();
-    if (is_paged && console_.pipe_to(console_.variable("PAGER").value_or("less -R"), text))
+    if (!is_paged || !console_.pipe_to(console_.variable("PAGER").value_or("less -R"), text))
+        write(text);
+}
+
+void Printer::print(const TextMaker& make)
+{
+    if (request_.pager && console_.output_is_terminal()) {
+        print(whole_text(make));
         return;
+    }
+    TextOutput output([this](std::string_view piece) { write(piece); });
+    make(output);
+    output.pass_on();
+}
+
+void Printer::write(std::string_view text)
+{
     if (!console_.write(text))
         throw Failure(ExitStatus::PartlyDone, "The output cannot be written.");
 }

@@ -5,6 +5,7 @@
 
 #include "cli/command_line.h"
 #include "cli/table_output.h"
+#include "cli/text_output.h"
 #include "platform/console.h"
 
 namespace multirename {
@@ -17,6 +18,8 @@ public:
     /// Standard output, through the pager when that was asked for and a terminal is there. Throws Failure when it
     /// cannot be written.
     void print(const std::string& text);
+    /// The same of a text that may be very long; it goes out while it is made, except through the pager.
+    void print(const TextMaker& make);
 
     // Standard error, a line each; the text without the program's name or a line end.
     void say(const std::string& text);
@@ -29,6 +32,8 @@ public:
     [[nodiscard]] TableStyle table_style();
 
 private:
+    void write(std::string_view text);
+
     const Request& request_;
     Console& console_;
 };

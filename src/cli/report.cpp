@@ -1,5 +1,7 @@
 #include "cli/report.h"
 
+#include <utility>
+
 #include "platform/native_text.h"
 
 namespace multirename {
@@ -9,10 +11,18 @@ std::u16string shown_folder(const FilesReport& report, const Filename& entry)
     return report.are_names_only ? std::u16string() : shown_native_path(entry.folder->path);
 }
 
+const std::string& ShownFolder::of(const Filename& entry)
+{
+    if (std::exchange(folder_, entry.folder) != entry.folder)
+        shown_ = form_(shown_folder(report_, entry));
+    return shown_;
+}
+
 bool has_problem(const FilesReport& report, std::size_t row)
 {
     const Filename& entry = report.run.row_entry(row);
-    return (entry.in_scope && entry.status >= Status::SameName) || report.reasons.contains(&entry);
+    return (entry.in_scope && entry.status >= Status::SameName) ||
+        (!report.reasons.empty() && report.reasons.contains(&entry));
 }
 
 RowCounts count_rows(const FilesReport& report)

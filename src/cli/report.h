@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -29,6 +30,22 @@ struct FilesReport {
 
 /// The folder of an entry as it is printed: nothing for names that no disk holds.
 [[nodiscard]] std::u16string shown_folder(const FilesReport& report, const Filename& entry);
+
+/// The same in the form that an output gives it, made once for entries of one folder in a row.
+class ShownFolder {
+public:
+    using Form = std::function<std::string(std::u16string_view)>;
+    ShownFolder(const FilesReport& report, Form form) : report_(report), form_(std::move(form)) { }
+
+    /// Holds until the next call.
+    [[nodiscard]] const std::string& of(const Filename& entry);
+
+private:
+    const FilesReport& report_;
+    Form form_;
+    const RenameFolder* folder_ = nullptr;
+    std::string shown_;
+};
 
 /// How many rows stand how: what the line below a table counts.
 struct RowCounts {

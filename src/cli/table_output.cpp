@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <span>
+#include <utility>
 
 #include "cli/printable.h"
 #include "platform/native_text.h"
@@ -45,11 +46,11 @@ std::string text_of(std::span<const Glyph> all)
 
 Cell cell(std::u16string_view text, std::string_view colour = {})
 {
-    const std::vector<Glyph> all = glyphs(text);
-    std::string shown = text_of(all);
+    std::string shown(colour);
+    const std::size_t columns = append_printable(shown, text);
     if (!colour.empty())
-        shown = std::string(colour).append(shown).append(plain);
-    return {std::move(shown), columns_of_all(all)};
+        shown.append(plain);
+    return {std::move(shown), columns};
 }
 
 Cell cell(std::string_view utf8, std::string_view colour = {}) { return cell(from_bytes(utf8), colour); }
@@ -84,27 +85,79 @@ NameCells highlighted(std::u16string_view old_name, std::u16string_view new_name
     return {highlighted(a, prefix, suffix, red), highlighted(b, prefix, suffix, green)};
 }
 
-// Lines of a table with each field as wide as the widest of its column, but no wider than `widest`: longer ones push
-// what follows to the right in their own line.
-std::string aligned(const std::vector<Line>& lines, std::size_t widest)
+// How wide the columns of a table are: as the widest of their fields, but no wider than `widest`; longer ones push what
+// follows to the right in their own line.
+class Widths {
+public:
+    explicit Widths(std::size_t widest) : widest_(widest) { }
+
+    void take(std::size_t place, std::size_t columns)
+    {
+        if (place >= widths_.size())
+            widths_.resize(place + 1);
+        widths_[place] = std::max(widths_[place], std::min(columns, widest_));
+    }
+
+    [[nodiscard]] std::size_t operator[](std::size_t place) const noexcept
+    {
+        return place < widths_.size() ? widths_[place] : 0;
+    }
+
+private:
+    std::size_t widest_;
+    std::vector<std::size_t> widths_;
+};
+
+// Appends one line, field by field.
+class LineWriter {
+public:
+    LineWriter(std::string& text, const Widths& widths) : text_(text), widths_(widths) { }
+
+    // `append` appends a field to the text and gives its columns; one without any leaves nothing behind.
+    template <class Append>
+    void add(Append append)
+    {
+        const std::size_t start = text_.size();
+        text_.append(blanks_, ' ');
+        const std::size_t columns = append(text_);
+        if (columns > 0)
+            blanks_ = 0;
+        else
+            text_.resize(start);
+        const std::size_t width = widths_[place_++];
+        blanks_ += gap + (columns < width ? width - columns : 0);
+    }
+
+    void add(const Cell& cell)
+    {
+        add([&cell](std::string& text) {
+            text += cell.text;
+            return cell.columns;
+        });
+    }
+
+    void end() { text_.push_back('\n'); }
+
+private:
+    std::string& text_;
+    const Widths& widths_;
+    std::size_t place_ = 0;
+    std::size_t blanks_ = 0;
+};
+
+std::string aligned(const std::vector<Line>& lines)
 {
-    std::vector<std::size_t> widths;
+    Widths widths(SIZE_MAX);
     for (const Line& line : lines) {
-        widths.resize(std::max(widths.size(), line.size()));
         for (std::size_t i = 0; i < line.size(); ++i)
-            widths[i] = std::max(widths[i], std::min(line[i].columns, widest));
+            widths.take(i, line[i].columns);
     }
     std::string text;
     for (const Line& line : lines) {
-        std::size_t blanks = 0;
-        for (std::size_t i = 0; i < line.size(); ++i) {
-            if (line[i].columns > 0) {
-                text.append(blanks, ' ').append(line[i].text);
-                blanks = 0;
-            }
-            blanks += gap + (line[i].columns < widths[i] ? widths[i] - line[i].columns : 0);
-        }
-        text.push_back('\n');
+        LineWriter writer(text, widths);
+        for (const Cell& cell : line)
+            writer.add(cell);
+        writer.end();
     }
     return text;
 }
@@ -139,32 +192,111 @@ Cell status_cell(const FilesReport& report, std::size_t row, const TableStyle& s
         return cell(word_for(entry.status), style.colours ? alarm : std::string_view());
     if (entry.status == Status::Unchanged)
         return cell(word_for(entry.status), style.colours ? faint : std::string_view());
-    return cell(report.renamed ? "renamed" : word_for(entry.status));
+    const std::string_view word = report.renamed ? "renamed" : word_for(entry.status);
+    return {std::string(word), word.size()};
 }
 
-Line file_line(const FilesReport& report, std::size_t row, const TableStyle& style)
-{
-    const Filename& entry = report.run.row_entry(row);
-    const std::u16string old_name = report.border.shown(entry.name);
-    const std::u16string new_name = report.border.shown(entry.new_name);
-    NameCells names{cell(old_name), cell(new_name)};
-    if (style.colours && entry.in_scope && entry.status != Status::Unchanged)
-        names = highlighted(old_name, new_name);
-    Line line{std::move(names.old_name), std::move(names.new_name)};
-    if (report.run.shows_folders())
-        line.push_back(cell(shown_folder(report, entry)));
-    line.push_back(status_cell(report, row, style));
-    return line;
-}
+// The table of a run's files, which may have very many rows: they are gone through once to see how wide the columns
+// have to be, and once more to be written.
+class FilesTable {
+public:
+    FilesTable(const FilesReport& report, const TableStyle& style, TextOutput& output) :
+        report_(report), style_(style), output_(output), widths_(widest_name(style))
+    {
+    }
 
-std::vector<std::size_t> problems_first(const FilesReport& report)
-{
-    std::vector<std::size_t> rows(report.run.row_count());
-    for (std::size_t row = 0; row < rows.size(); ++row)
-        rows[row] = row;
-    std::stable_partition(rows.begin(), rows.end(), [&report](std::size_t row) { return has_problem(report, row); });
-    return rows;
-}
+    void write()
+    {
+        measure();
+        write_head();
+        // Rows with a problem first.
+        for (const bool with_problem : {true, false}) {
+            for (std::size_t row = 0; row < report_.run.row_count(); ++row) {
+                if (has_problem(report_, row) == with_problem)
+                    write_row(row);
+            }
+        }
+    }
+
+private:
+    static constexpr std::u16string_view heads[] = {u"Old name", u"New name", u"Folder"};
+
+    static std::size_t widest_name(const TableStyle& style)
+    {
+        constexpr std::size_t status_columns = 20;
+        if (style.columns == 0)
+            return SIZE_MAX;
+        return std::max(least_name_columns, (style.columns - std::min(style.columns, status_columns)) / 2 - gap);
+    }
+
+    // Nothing moves aside of what is printable ASCII, which most names are.
+    [[nodiscard]] std::size_t columns_of_name(std::u16string_view name) const
+    {
+        return is_printable_ascii(name) ? name.size() : printable_columns(report_.border.shown(name));
+    }
+
+    std::size_t append_name(std::string& text, std::u16string_view name) const
+    {
+        return append_printable_ascii(text, name) ? name.size() : append_printable(text, report_.border.shown(name));
+    }
+
+    // Made once for entries of one folder in a row.
+    const Cell& folder_cell(const Filename& entry)
+    {
+        if (std::exchange(folder_, entry.folder) != entry.folder)
+            folder_cell_ = cell(shown_folder(report_, entry));
+        return folder_cell_;
+    }
+
+    // The status, which is the last field, needs no width.
+    void measure()
+    {
+        for (std::size_t place = 0; place < std::size(heads); ++place)
+            widths_.take(place, heads[place].size());
+        for (std::size_t row = 0; row < report_.run.row_count(); ++row) {
+            const Filename& entry = report_.run.row_entry(row);
+            widths_.take(0, columns_of_name(entry.name));
+            widths_.take(1, columns_of_name(entry.new_name));
+            if (report_.run.shows_folders())
+                widths_.take(2, folder_cell(entry).columns);
+        }
+    }
+
+    void write_head()
+    {
+        LineWriter line(output_.piece(), widths_);
+        for (const std::u16string_view head : std::span(heads).first(report_.run.shows_folders() ? 3 : 2))
+            line.add([head](std::string& text) { return append_printable(text, head); });
+        line.add(cell("Status"));
+        line.end();
+    }
+
+    void write_row(std::size_t row)
+    {
+        const Filename& entry = report_.run.row_entry(row);
+        LineWriter line(output_.piece(), widths_);
+        if (style_.colours && entry.in_scope && entry.status != Status::Unchanged) {
+            const NameCells names = highlighted(report_.border.shown(entry.name), report_.border.shown(entry.new_name));
+            line.add(names.old_name);
+            line.add(names.new_name);
+        } else {
+            line.add([&](std::string& text) { return append_name(text, entry.name); });
+            line.add([&](std::string& text) { return append_name(text, entry.new_name); });
+        }
+        if (report_.run.shows_folders())
+            line.add(folder_cell(entry));
+        line.add(status_cell(report_, row, style_));
+        line.end();
+        output_.pass_on_when_large();
+    }
+
+    const FilesReport& report_;
+    const TableStyle& style_;
+    TextOutput& output_;
+    Widths widths_;
+    const RenameFolder* folder_ = nullptr;
+    Cell folder_cell_;
+};
 
 std::string count_line(const FilesReport& report)
 {
@@ -206,24 +338,13 @@ std::string pattern_as_table(const RenameRun& run, const NameBorder& border)
         lines.push_back({cell(std::to_string(i + 1)), cell(kind_word(part.kind)), cell(border.shown(run.part_label(i))),
                          cell(remark(part))});
     }
-    return text + aligned(lines, SIZE_MAX);
+    return text + aligned(lines);
 }
 
-std::string files_as_table(const FilesReport& report, const TableStyle& style)
+void write_files_as_table(const FilesReport& report, const TableStyle& style, TextOutput& output)
 {
-    constexpr std::size_t status_columns = 20;
-    std::size_t widest = SIZE_MAX;
-    if (style.columns > 0)
-        widest = std::max(least_name_columns, (style.columns - std::min(style.columns, status_columns)) / 2 - gap);
-    std::vector<Line> lines;
-    Line head{cell("Old name"), cell("New name")};
-    if (report.run.shows_folders())
-        head.push_back(cell("Folder"));
-    head.push_back(cell("Status"));
-    lines.push_back(std::move(head));
-    for (const std::size_t row : problems_first(report))
-        lines.push_back(file_line(report, row, style));
-    return aligned(lines, widest) + "\n" + count_line(report);
+    FilesTable(report, style, output).write();
+    output.piece().append("\n").append(count_line(report));
 }
 
 std::string batches_as_table(const std::vector<BatchSummary>& batches)
@@ -232,7 +353,7 @@ std::string batches_as_table(const std::vector<BatchSummary>& batches)
     for (const BatchSummary& batch : batches)
         lines.push_back({cell(batch.id), cell(local_text(batch.created)), cell(std::to_string(batch.names)),
                          cell(shown_native_path(path_from_native(batch.folder)))});
-    return aligned(lines, SIZE_MAX);
+    return aligned(lines);
 }
 
 } // namespace multirename

@@ -5,6 +5,7 @@
 
 #include "cli/batches.h"
 #include "cli/report.h"
+#include "cli/text_output.h"
 
 namespace multirename {
 
@@ -17,7 +18,7 @@ struct TableStyle {
 [[nodiscard]] std::string pattern_as_table(const RenameRun& run, const NameBorder& border);
 
 /// Old and new names side by side, those with a problem first, then a line that counts them.
-[[nodiscard]] std::string files_as_table(const FilesReport& report, const TableStyle& style);
+void write_files_as_table(const FilesReport& report, const TableStyle& style, TextOutput& output);
 
 [[nodiscard]] std::string batches_as_table(const std::vector<BatchSummary>& batches);
 

@@ -60,6 +60,15 @@ std::string tsv_line(std::initializer_list<std::string> fields)
 
 std::string_view truth(bool value) { return value ? "true" : "false"; }
 
+// Names and a tab behind them.
+void append_name(std::string& line, std::u16string_view name, const NameBorder& border)
+{
+    const bool is_plain = name.find(u'\\') == std::u16string_view::npos && append_printable_ascii(line, name);
+    if (!is_plain)
+        line += field(border.shown(name));
+    line.push_back('\t');
+}
+
 } // namespace
 
 std::string pattern_as_tsv(const RenameRun& run, const NameBorder& border)
@@ -75,16 +84,21 @@ std::string pattern_as_tsv(const RenameRun& run, const NameBorder& border)
     return text;
 }
 
-std::string files_as_tsv(const FilesReport& report)
+void write_files_as_tsv(const FilesReport& report, TextOutput& output)
 {
-    std::string text = "old\tnew\tfolder\tstatus\tinScope\tmatched\n";
+    std::string& text = output.piece();
+    text += "old\tnew\tfolder\tstatus\tinScope\tmatched\n";
+    ShownFolder folder(report, [](std::u16string_view shown) { return field(shown); });
     for (std::size_t row = 0; row < report.run.row_count(); ++row) {
         const Filename& entry = report.run.row_entry(row);
-        text += tsv_line({field(report.border.shown(entry.name)), field(report.border.shown(entry.new_name)),
-                          field(shown_folder(report, entry)), std::to_string(static_cast<std::uint32_t>(entry.status)),
-                          std::string(truth(entry.in_scope)), std::string(truth(report.run.fits_pattern(row)))});
+        append_name(text, entry.name, report.border);
+        append_name(text, entry.new_name, report.border);
+        text.append(folder.of(entry)).push_back('\t');
+        text.append(std::to_string(static_cast<std::uint32_t>(entry.status))).push_back('\t');
+        text.append(truth(entry.in_scope)).push_back('\t');
+        text.append(truth(report.run.fits_pattern(row))).push_back('\n');
+        output.pass_on_when_large();
     }
-    return text;
 }
 
 std::string batches_as_tsv(const std::vector<BatchSummary>& batches)

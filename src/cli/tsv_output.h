@@ -5,6 +5,7 @@
 
 #include "cli/batches.h"
 #include "cli/report.h"
+#include "cli/text_output.h"
 #include "cli/undo.h"
 
 namespace multirename {
@@ -14,7 +15,7 @@ namespace multirename {
 // that are not UTF-8 stand as they are.
 
 [[nodiscard]] std::string pattern_as_tsv(const RenameRun& run, const NameBorder& border);
-[[nodiscard]] std::string files_as_tsv(const FilesReport& report);
+void write_files_as_tsv(const FilesReport& report, TextOutput& output);
 [[nodiscard]] std::string batches_as_tsv(const std::vector<BatchSummary>& batches);
 [[nodiscard]] std::string undo_as_tsv(const UndoReport& report);
 

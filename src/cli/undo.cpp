@@ -30,7 +30,7 @@ bool differ_in_case_only(const JournalEntry& entry)
 
 Outcome left(std::string reason) { return {Outcome::Kind::Left, std::move(reason)}; }
 
-Outcome take_back(const JournalEntry& entry, EntryState state, EntryMover& mover)
+Outcome look_and_take_back(const JournalEntry& entry, EntryState state, EntryMover& mover)
 {
     std::error_code error;
     const bool has_new = mover.exists(entry.folder, entry.new_name, error);
@@ -52,6 +52,14 @@ Outcome take_back(const JournalEntry& entry, EntryState state, EntryMover& mover
     return {Outcome::Kind::Restored, {}};
 }
 
+// Of one that is marked as renamed nothing has to be looked at, unless it cannot be moved.
+Outcome take_back(const JournalEntry& entry, EntryState state, EntryMover& mover)
+{
+    if (state == EntryState::Renamed && !mover.move(entry.folder, entry.new_name, entry.old_name))
+        return {Outcome::Kind::Restored, {}};
+    return look_and_take_back(entry, state, mover);
+}
+
 } // namespace
 
 UndoReport take_back(Batch& batch, ProgressBar& progress)
@@ -61,7 +69,8 @@ UndoReport take_back(Batch& batch, ProgressBar& progress)
     report.unknown = batch.unknown();
     const Interruption interruption;
     EntryMover mover;
-    for (std::size_t i = batch.entries().size(); i-- > 0;) {
+    JournalEntry entry;
+    for (std::size_t i = batch.moves().size(); i-- > 0;) {
         if (interruption.is_wanted()) {
             report.was_stopped = true;
             break;
@@ -70,9 +79,10 @@ UndoReport take_back(Batch& batch, ProgressBar& progress)
         const EntryState state = batch.state(i);
         if (state == EntryState::Failed || state == EntryState::Restored)
             continue;
-        Outcome outcome = take_back(batch.entries()[i], state, mover);
+        batch.moves().get(i, entry);
+        Outcome outcome = take_back(entry, state, mover);
         if (outcome.kind == Outcome::Kind::Left) {
-            report.left.push_back({batch.entries()[i], std::move(outcome.reason)});
+            report.left.push_back({entry, std::move(outcome.reason)});
             continue;
         }
         report.restored += outcome.kind == Outcome::Kind::Restored ? 1 : 0;

@@ -66,7 +66,7 @@ public:
         Batch batch = open_batch();
         UndoReport report;
         {
-            ProgressBar progress(console_, "Taking back", batch.entries().size());
+            ProgressBar progress(console_, "Taking back", batch.moves().size());
             report = take_back(batch, progress);
         }
         for (const LeftEntry& left : report.left)

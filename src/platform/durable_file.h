@@ -3,6 +3,8 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -14,11 +16,21 @@ namespace multirename {
 /// returns. While one process has it open no other can open it here.
 class DurableFile {
 public:
+    /// Takes a piece of a file's content.
+    using Sink = std::function<std::error_code(std::string_view)>;
+    /// Hands a file's content to the sink, piece by piece, and gives the first error, the sink's or its own. May be
+    /// called again, to begin anew.
+    using Content = std::function<std::error_code(const Sink&)>;
+
     DurableFile() = default;
-    DurableFile(DurableFile&& other) noexcept : handle_(std::exchange(other.handle_, no_handle)) { }
+    DurableFile(DurableFile&& other) noexcept :
+        handle_(std::exchange(other.handle_, no_handle)), in_memory_(std::exchange(other.in_memory_, {}))
+    {
+    }
     DurableFile& operator=(DurableFile&& other) noexcept
     {
         std::swap(handle_, other.handle_);
+        std::swap(in_memory_, other.in_memory_);
         return *this;
     }
     DurableFile(const DurableFile&) = delete;
@@ -29,13 +41,23 @@ public:
     /// disk. The error equals errc::file_exists when there is a file of that name; on any error no new file is left.
     /// Where the system allows it (on POSIX) the name appears only once all of the content is on the disk; a process
     /// that ends before leaves at most a file whose name has ".new" behind it.
-    [[nodiscard]] static std::error_code create(const std::filesystem::path& path, std::string_view content,
+    [[nodiscard]] static std::error_code create(const std::filesystem::path& path, const Content& content,
                                                 DurableFile& file);
+    [[nodiscard]] static std::error_code create(const std::filesystem::path& path, std::string_view content,
+                                                DurableFile& file)
+    {
+        return create(
+            path, [content](const Sink& sink) { return sink(content); }, file);
+    }
 
     /// Opens a file and reads all of it. The error equals errc::device_or_resource_busy when another process has it
     /// open here.
     [[nodiscard]] static std::error_code open(const std::filesystem::path& path, DurableFile& file,
                                               std::string& content);
+
+    /// Has bytes before `length` (at most that of the file) overwritten without a call of the system each, where it
+    /// offers that; nothing else changes. For files that stay as long as they are while they are open.
+    void ease_overwrites(std::size_t length) noexcept;
 
     /// Overwrites one byte within the file. Safe against the end of the process at once, against that of the machine
     /// after `sync`. False when it cannot be written.
@@ -50,6 +72,7 @@ private:
     explicit DurableFile(std::intptr_t handle) noexcept : handle_(handle) { }
 
     std::intptr_t handle_ = no_handle;
+    std::span<char> in_memory_; ///< the file's first bytes, where the system shares them
 };
 
 } // namespace multirename

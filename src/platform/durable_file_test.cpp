@@ -101,6 +101,60 @@ TEST_F(DurableFileTest, HasSingleBytesOverwritten)
     EXPECT_EQ(temporary_.content("file"), "AB\n");
 }
 
+TEST_F(DurableFileTest, HasBytesOverwrittenInTheFileAtOnceWhereThatWasEased)
+{
+    {
+        DurableFile file = created(std::string(10'000, '.'));
+        file.ease_overwrites(9'000);
+        EXPECT_TRUE(file.overwrite(0, 'A'));
+        EXPECT_TRUE(file.overwrite(8'999, 'B'));
+        EXPECT_TRUE(file.overwrite(9'999, 'C'));
+        DurableFile moved(std::move(file));
+        EXPECT_TRUE(moved.overwrite(4'096, 'D'));
+        moved.sync();
+    }
+    std::string expected(10'000, '.');
+    expected[0] = 'A';
+    expected[8'999] = 'B';
+    expected[9'999] = 'C';
+    expected[4'096] = 'D';
+    DurableFile file;
+    std::string content;
+    ASSERT_FALSE(DurableFile::open(path(), file, content));
+    EXPECT_EQ(content, expected);
+    file.ease_overwrites(0);
+    EXPECT_TRUE(file.overwrite(0, 'E'));
+    file = DurableFile();
+    EXPECT_TRUE(temporary_.content("file").starts_with("E."));
+}
+
+TEST_F(DurableFileTest, IsMadeOfPieces)
+{
+    const auto content = [](const DurableFile::Sink& sink) {
+        for (const std::string_view piece : {"one ", "", "two"}) {
+            if (const std::error_code error = sink(piece))
+                return error;
+        }
+        return std::error_code();
+    };
+    DurableFile file;
+    EXPECT_FALSE(DurableFile::create(path(), content, file));
+    file = DurableFile();
+    EXPECT_EQ(temporary_.content("file"), "one two");
+}
+
+TEST_F(DurableFileTest, IsNotMadeWhenItsContentEndsInAnError)
+{
+    const auto content = [](const DurableFile::Sink& sink) {
+        EXPECT_FALSE(sink("half"));
+        return std::make_error_code(std::errc::io_error);
+    };
+    DurableFile file;
+    EXPECT_EQ(DurableFile::create(path(), content, file), std::errc::io_error);
+    EXPECT_FALSE(file.is_open());
+    EXPECT_TRUE(temporary_.names().empty());
+}
+
 TEST_F(DurableFileTest, IsBusyWhileItIsOpen)
 {
     DurableFile second;

@@ -12,6 +12,8 @@ namespace multirename {
 [[nodiscard]] std::u16string name_from_native(std::string_view bytes);
 /// native_from_name(name_from_native(b)) is b for every name b of this system.
 [[nodiscard]] std::string native_from_name(std::u16string_view name);
+/// The same into memory that is used again, for many names.
+void native_from_name(std::u16string_view name, std::string& bytes);
 
 /// A whole path, with "\" between its parts behind the border on every system.
 [[nodiscard]] std::u16string path_from_native(std::string_view bytes);

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <utility>
 
 namespace multirename {
 
@@ -13,10 +14,14 @@ namespace multirename {
 /// is not found may still go wrong later. On Windows nothing is known in advance.
 class RenameObstacles {
 public:
+    RenameObstacles() = default;
+    RenameObstacles(const RenameObstacles&) = delete;
+    RenameObstacles& operator=(const RenameObstacles&) = delete;
+
     /// The reason why the entry cannot get the new name, in words, or nothing. All are in the system's own bytes, the
     /// folder with the separator at its end.
-    [[nodiscard]] std::optional<std::string> find(const std::string& folder, const std::string& name,
-                                                  const std::string& new_name, bool is_folder);
+    [[nodiscard]] std::optional<std::string> find(std::string_view folder, std::string_view name,
+                                                  std::string_view new_name, bool is_folder);
 
 private:
     struct Folder {
@@ -24,9 +29,10 @@ private:
         std::size_t longest_name = 0; ///< bytes
         bool is_sticky = false; ///< only who owns an entry, or the folder, may rename it
     };
-    [[nodiscard]] const Folder& known(const std::string& folder);
+    [[nodiscard]] const Folder& known(std::string_view path);
 
     std::map<std::string, Folder, std::less<>> folders_;
+    const std::pair<const std::string, Folder>* last_ = nullptr; ///< entries come folder by folder
 };
 
 } // namespace multirename

@@ -4,14 +4,15 @@
 
 namespace multirename {
 
-void carry_out(std::span<const JournalEntry> moves, MoveObserver& observer)
+void carry_out(const MoveList& moves, MoveObserver& observer)
 {
     EntryMover mover;
+    JournalEntry move;
     bool was_told = false;
     for (std::size_t i = 0; i < moves.size(); ++i) {
         if (observer.should_stop())
             return;
-        const JournalEntry& move = moves[i];
+        moves.get(i, move);
         const std::error_code error = mover.move(move.folder, move.old_name, move.new_name);
         observer.moved(i, error);
         if (mover.did_without_exclusive_rename() && !was_told) {

@@ -5,6 +5,7 @@
 #include <shellapi.h>
 
 #include <set>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -27,6 +28,14 @@ std::set<std::string> names_in(const std::string& folder)
     return listing.error ? std::set<std::string>() : names;
 }
 
+std::vector<JournalEntry> all_of(const MoveList& moves)
+{
+    std::vector<JournalEntry> all(moves.size());
+    for (std::size_t i = 0; i < all.size(); ++i)
+        moves.get(i, all[i]);
+    return all;
+}
+
 std::wstring list_of(std::span<const JournalEntry> moves, std::string JournalEntry::*name)
 {
     std::wstring list;
@@ -37,10 +46,11 @@ std::wstring list_of(std::span<const JournalEntry> moves, std::string JournalEnt
 
 } // namespace
 
-void carry_out(std::span<const JournalEntry> moves, MoveObserver& observer)
+void carry_out(const MoveList& list, MoveObserver& observer)
 {
-    if (moves.empty() || observer.should_stop())
+    if (list.size() == 0 || observer.should_stop())
         return;
+    const std::vector<JournalEntry> moves = all_of(list);
     const std::wstring sources = list_of(moves, &JournalEntry::old_name);
     const std::wstring targets = list_of(moves, &JournalEntry::new_name);
     SHFILEOPSTRUCTW request = {};

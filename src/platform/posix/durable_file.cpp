@@ -2,6 +2,8 @@
 
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/mman.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <array>
@@ -31,6 +33,9 @@ std::error_code write_all(int file, std::string_view content)
 std::error_code read_all(int file, std::string& content)
 {
     std::array<char, 65536> piece{};
+    struct stat details { };
+    if (fstat(file, &details) == 0)
+        content.reserve(static_cast<std::size_t>(details.st_size));
     while (true) {
         const ssize_t length = read(file, piece.data(), piece.size());
         if (length < 0 && errno == EINTR)
@@ -66,11 +71,14 @@ std::error_code lock(int file)
 
 DurableFile::~DurableFile()
 {
+    // First, for what is in memory keeps the file open and locked as well.
+    if (!in_memory_.empty())
+        munmap(in_memory_.data(), in_memory_.size());
     if (is_open())
         ::close(descriptor(handle_));
 }
 
-std::error_code DurableFile::create(const std::filesystem::path& path, std::string_view content, DurableFile& file)
+std::error_code DurableFile::create(const std::filesystem::path& path, const Content& content, DurableFile& file)
 {
     constexpr mode_t owner_only = 0600;
     const std::string folder = path.has_parent_path() ? path.parent_path().string() : ".";
@@ -87,7 +95,7 @@ std::error_code DurableFile::create(const std::filesystem::path& path, std::stri
     DurableFile created(opened);
     error = lock(opened);
     if (!error)
-        error = write_all(opened, content);
+        error = content([opened](std::string_view piece) { return write_all(opened, piece); });
     if (!error && fsync(opened) != 0)
         error = last_error();
     if (!error)
@@ -121,11 +129,32 @@ std::error_code DurableFile::open(const std::filesystem::path& path, DurableFile
     return {};
 }
 
+// What is written to memory that is shared with the file is the file's at once, for every process, and stays when this
+// one ends. A page that the file system finds no room for would end the process when it is first written to; asking for
+// all of them beforehand tells that, and the calls of old take over. So they do where the system cannot be asked.
+void DurableFile::ease_overwrites(std::size_t length) noexcept
+{
+    if (length == 0 || !in_memory_.empty())
+        return;
+    void* const memory = mmap(nullptr, length, PROT_READ | PROT_WRITE, MAP_SHARED, descriptor(handle_), 0);
+    if (memory == MAP_FAILED) // NOLINT(performance-no-int-to-ptr): the system's own macro
+        return;
+    if (madvise(memory, length, MADV_POPULATE_WRITE) == 0)
+        in_memory_ = {static_cast<char*>(memory), length};
+    else
+        munmap(memory, length);
+}
+
 bool DurableFile::overwrite(std::size_t offset, char byte) noexcept
 {
+    if (offset < in_memory_.size()) {
+        in_memory_[offset] = byte;
+        return true;
+    }
     return pwrite(descriptor(handle_), &byte, 1, static_cast<off_t>(offset)) == 1;
 }
 
+// The kernel keeps account of which shared pages were written to, so they are written with the rest.
 void DurableFile::sync() noexcept { fdatasync(descriptor(handle_)); }
 
 } // namespace multirename

@@ -69,6 +69,24 @@ TEST_F(PosixDurableFile, IsFreeOnceTheProcessIsGone)
     EXPECT_EQ(content, "content");
 }
 
+TEST_F(PosixDurableFile, KeepsWhatWasOverwrittenWhenTheProcessIsGone)
+{
+    EXPECT_EQ(status_in_child([this] {
+                  DurableFile file;
+                  if (DurableFile::create(path(), "content", file))
+                      return 1;
+                  file.ease_overwrites(7);
+                  file.overwrite(0, 'C');
+                  raise(SIGKILL);
+                  return 2;
+              }),
+              256 + SIGKILL);
+    DurableFile file;
+    std::string content;
+    EXPECT_FALSE(DurableFile::open(path(), file, content));
+    EXPECT_EQ(content, "Content");
+}
+
 TEST_F(PosixDurableFile, IsNotMadeOrOpenedThroughALink)
 {
     temporary_.write("target", "before");

@@ -101,8 +101,9 @@ std::error_code EntryMover::move(std::string_view folder, const std::string& fro
 {
     if (const std::error_code error = open(folder))
         return error;
-    std::error_code error =
-        result_of(renameat2(open_folder_, from.c_str(), open_folder_, to.c_str(), RENAME_NOREPLACE));
+    if (renameat2(open_folder_, from.c_str(), open_folder_, to.c_str(), RENAME_NOREPLACE) == 0)
+        return {};
+    std::error_code error = last_error();
     if (says_not_supported(error)) {
         did_without_ = true;
         error = move_without_exclusive_rename(open_folder_, from, to);

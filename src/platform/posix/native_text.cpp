@@ -23,6 +23,7 @@ std::u16string lone_second_halves(std::u16string_view text)
 
 std::u16string name_from_native(std::string_view bytes) { return name_from_bytes(bytes); }
 std::string native_from_name(std::u16string_view name) { return bytes_from_name(name); }
+void native_from_name(std::u16string_view name, std::string& bytes) { bytes_from_name(name, bytes); }
 std::u16string path_from_native(std::string_view bytes) { return path_from_bytes(bytes); }
 std::string native_from_path(std::u16string_view path) { return bytes_from_path(path); }
 std::u16string typed_from_native(std::string_view bytes) { return typed_from_bytes(bytes); }
@@ -33,12 +34,14 @@ std::u16string shown_native_path(std::u16string_view path) { return from_bytes(b
 
 bool can_be_written(std::u16string_view new_name, std::u16string_view old_name, std::u16string_view typed)
 {
-    if (name_from_bytes(bytes_from_name(new_name)) != new_name)
+    if (is_plain_name(new_name))
+        return true;
+    if (!is_same_from_bytes(new_name))
         return false;
+    if (find_lone_half(new_name) == std::u16string_view::npos)
+        return true;
     // What is left of a pair may look like a stray byte; only bytes that were stray before may stay so.
     const std::u16string stray = lone_second_halves(new_name);
-    if (stray.empty())
-        return true;
     const std::u16string known = lone_second_halves(old_name) + lone_second_halves(typed);
     return stray.find_first_not_of(known) == std::u16string::npos;
 }

@@ -31,10 +31,14 @@ bool is_mount_point(const std::string& path)
 
 } // namespace
 
-const RenameObstacles::Folder& RenameObstacles::known(const std::string& folder)
+const RenameObstacles::Folder& RenameObstacles::known(std::string_view path)
 {
-    const auto [place, is_new] = folders_.try_emplace(folder);
+    if (last_ != nullptr && last_->first == path)
+        return last_->second;
+    const auto [place, is_new] = folders_.try_emplace(std::string(path));
+    last_ = &*place;
     Folder& found = place->second;
+    const std::string& folder = place->first;
     if (!is_new)
         return found;
     if (faccessat(AT_FDCWD, folder.c_str(), W_OK | X_OK, AT_EACCESS) != 0)
@@ -47,8 +51,8 @@ const RenameObstacles::Folder& RenameObstacles::known(const std::string& folder)
     return found;
 }
 
-std::optional<std::string> RenameObstacles::find(const std::string& folder, const std::string& name,
-                                                 const std::string& new_name, bool is_folder)
+std::optional<std::string> RenameObstacles::find(std::string_view folder, std::string_view name,
+                                                 std::string_view new_name, bool is_folder)
 {
     const Folder& where = known(folder);
     if (where.error)
@@ -56,9 +60,9 @@ std::optional<std::string> RenameObstacles::find(const std::string& folder, cons
     if (new_name.size() > where.longest_name)
         return "the new name has " + std::to_string(new_name.size()) + " bytes, and this file system takes at most " +
             std::to_string(where.longest_name);
-    if (where.is_sticky && is_kept_by_its_owner(folder + name))
+    if (where.is_sticky && is_kept_by_its_owner(std::string(folder).append(name)))
         return "in this folder only the owner of an entry may rename it";
-    if (is_folder && is_mount_point(folder + name))
+    if (is_folder && is_mount_point(std::string(folder).append(name)))
         return "another file system is mounted on this folder";
     return std::nullopt;
 }

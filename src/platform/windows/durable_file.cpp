@@ -37,16 +37,20 @@ DurableFile::~DurableFile()
         CloseHandle(handle_of(handle_));
 }
 
-std::error_code DurableFile::create(const std::filesystem::path& path, std::string_view content, DurableFile& file)
+std::error_code DurableFile::create(const std::filesystem::path& path, const Content& content, DurableFile& file)
 {
     UniqueFile created = open_alone(path, CREATE_NEW);
     if (!created)
         return last_error();
-    if (write_all(created.get(), content) && FlushFileBuffers(created.get()) != FALSE) {
+    const HANDLE opened = created.get();
+    std::error_code error = content(
+        [opened](std::string_view piece) { return write_all(opened, piece) ? std::error_code() : last_error(); });
+    if (!error && FlushFileBuffers(opened) == FALSE)
+        error = last_error();
+    if (!error) {
         file = DurableFile(released(std::move(created)));
         return {};
     }
-    const std::error_code error = last_error();
     created = UniqueFile();
     DeleteFileW(long_path(path.native()).c_str());
     return error;
@@ -64,6 +68,8 @@ std::error_code DurableFile::open(const std::filesystem::path& path, DurableFile
     file = DurableFile(released(std::move(opened)));
     return {};
 }
+
+void DurableFile::ease_overwrites(std::size_t) noexcept { }
 
 bool DurableFile::overwrite(std::size_t offset, char byte) noexcept
 {

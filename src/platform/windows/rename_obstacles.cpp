@@ -5,8 +5,8 @@
 
 namespace multirename {
 
-std::optional<std::string> RenameObstacles::find(const std::string& folder, const std::string&,
-                                                 const std::string& new_name, bool)
+std::optional<std::string> RenameObstacles::find(std::string_view folder, std::string_view, std::string_view new_name,
+                                                 bool)
 {
     const std::size_t length = from_wtf8(folder).size() + from_wtf8(new_name).size();
     if (length < first_too_long_path)
