@@ -64,6 +64,12 @@ struct DifferingBits {
     }
 };
 
+int compare_names(std::u16string_view a, std::u16string_view b, bool tells_case_apart)
+{
+    const int order = compare_keys(a, b);
+    return order == 0 && tells_case_apart ? a.compare(b) : order;
+}
+
 template <class Rows>
 class KeySorter {
 public:
@@ -90,9 +96,7 @@ private:
 
     [[nodiscard]] bool sorts_before(const SortItem& a, const SortItem& b) const
     {
-        int order = compare_keys(name_of(a), name_of(b));
-        if (order == 0 && tells_case_apart_)
-            order = name_of(a).compare(name_of(b));
+        const int order = compare_names(name_of(a), name_of(b), tells_case_apart_);
         return order < 0 || (order == 0 && a.row < b.row);
     }
 
@@ -249,6 +253,11 @@ const NameIndex& FilenameSet::index() const
             index_->find_or_add(identity_hash(entries_[place].name), place, [](std::uint32_t) { return false; });
     }
     return *index_;
+}
+
+int FilenameSet::compare(std::u16string_view a, std::u16string_view b) const noexcept
+{
+    return compare_names(a, b, tells_case_apart_);
 }
 
 std::uint64_t FilenameSet::identity_hash(std::u16string_view name) const noexcept

@@ -65,6 +65,9 @@ public:
     void find_each(const Filename* previous, std::span<const std::u16string_view> names,
                    std::span<Filename*> found) const;
 
+    /// How two names compare in the order of this set: below 0, 0 when this folder takes them for one, or above 0.
+    [[nodiscard]] int compare(std::u16string_view a, std::u16string_view b) const noexcept;
+
     /// What `find` looks for: the same for names that this folder takes for one.
     [[nodiscard]] std::uint64_t identity_hash(std::u16string_view name) const noexcept;
 

@@ -41,7 +41,7 @@ NameMatcher::NameMatcher(const std::vector<NamePart>& parts) : parts_(parts), le
 
 const NameMatch& NameMatcher::match(std::u16string_view text)
 {
-    text_ = text;
+    match_.text = text_ = text;
     part_ = 0;
     place_ = 0;
     first_wild_.reset();
@@ -149,6 +149,7 @@ const NameMatch& RememberedMatches::next(std::u16string_view text)
     next_ += bytes_per_name_;
     if (*known++ == 0)
         return matcher_.match(text);
+    match_.text = text;
     for (PartCapture& capture : match_.captures) {
         const bool is_text = capture.part->kind == NamePartKind::Text;
         const std::size_t length = is_text ? capture.part->matchText.size() : *known++;

@@ -18,6 +18,7 @@ struct PartCapture {
 
 /// What the parts took from an old name.
 struct NameMatch {
+    std::u16string_view text; ///< all that was matched against
     bool matched = false;
     /// One for each part when the name matched; otherwise those of the parts before the one that failed, and at most
     /// those before the first wild part.

@@ -108,7 +108,7 @@ void NewNameMaker::make(Filename& entry, const NameMatch& match, TextStore& text
         case Action::Wild: append_wild(name_, *part, taken); break;
         }
     }
-    keep(entry.name.substr(described_name(pattern_, entry.name).size()));
+    keep(entry.name.substr(match.text.size()));
     put_kept();
     entry.new_name = name_ == entry.name ? entry.name : texts.add(name_);
 }

@@ -18,10 +18,10 @@ public:
     /// The pattern must outlive the maker and stay as it is.
     explicit NewNameMaker(const NamePattern& pattern);
 
-    /// Makes the entry's new name from what the pattern's parts took of its old name; its text is added to `texts`
-    /// unless it is the old one. A name that the pattern does not match gets what the parts took before the match
-    /// failed. Tags read the entry's record, whose details are asked for when a tag needs them. Of the text that one
-    /// part gives, 260 characters count.
+    /// Makes the entry's new name from what the pattern's parts took of the described part of its old name; its text is
+    /// added to `texts` unless it is the old one. A name that the pattern does not match gets what the parts took
+    /// before the match failed. Tags read the entry's record, whose details are asked for when a tag needs them. Of the
+    /// text that one part gives, 260 characters count.
     void make(Filename& entry, const NameMatch& match, TextStore& texts);
 
 private:
