@@ -4,7 +4,7 @@ namespace multirename {
 
 namespace {
 
-constexpr std::u16string_view folder = u"C:\\Users\\someone\\Pictures\\";
+constexpr std::u16string_view folder = u"C:\\"; // short, so that names of 255 characters can be selected by their paths
 
 FileSet& filled(FileSet& files, const Listing& listing)
 {

@@ -150,7 +150,7 @@ Names long_runs(std::size_t count)
 {
     return different(count, [](Random& random) {
         std::u16string name;
-        while (name.size() < 200)
+        while (name.size() < 190)
             name.append(1 + random.below(60), random.one_of(std::u16string_view(u"ab1")));
         return name;
     });

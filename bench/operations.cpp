@@ -9,9 +9,7 @@
 #include <stdexcept>
 #include <unordered_set>
 
-#include "pattern/match_name.h"
-#include "pattern/number_part.h"
-#include "pattern/pattern_analyser.h"
+#include "pattern/mode_patterns.h"
 
 namespace multirename {
 
@@ -101,17 +99,9 @@ double file_set(Listing& listing)
 double analysis(Listing& listing)
 {
     FileSet& files = run_on(listing).files;
-    std::vector<NamePattern> patterns;
-    const double seconds = seconds_of([&] {
-        for (const bool numbers : {true, false}) {
-            const ExtractedPattern extracted = computeNamePattern(files, numbers, NameMode::BaseOnly);
-            for (const NameMode mode : {NameMode::BaseOnly, NameMode::BaseWithExtensionPart}) {
-                patterns.push_back(parsePattern(extracted.pattern, extracted.extensionText, mode));
-                computeBaseNumbers(files, patterns.back());
-            }
-        }
-    });
-    require(!patterns.front().patternText.empty());
+    ModePatterns modes;
+    const double seconds = seconds_of([&] { modes = computeModePatterns(files, !files.has_plain_file); });
+    require(!modes.patterns.front().patternText.empty());
     return seconds;
 }
 

@@ -14,7 +14,8 @@ namespace multirename {
 struct Operation {
     std::string_view name;
     bool is_baseline = false; ///< what others are compared with; not part of the product
-    /// Does it once and gives the seconds that it took. Throws std::logic_error when what came out is not right.
+    /// Does it once and gives the seconds that it took; 0 when it does not apply to these names. Throws
+    /// std::logic_error when what came out is not right.
     double (*run)(Listing& listing) = nullptr;
 };
 

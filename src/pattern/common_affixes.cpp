@@ -10,6 +10,7 @@
 
 #include "pattern/number_mark.h"
 #include "text/decimal.h"
+#include "text/shared_front.h"
 
 namespace multirename {
 
@@ -24,7 +25,14 @@ struct Affix {
 
 struct Prefix : Affix {
     bool all_same = true;
+    std::size_t plain = 0; // once it has a number, how many characters in front are neither digits nor the mark
 };
+
+std::size_t plain_front(std::u16string_view text)
+{
+    const auto is_plain = [](char16_t unit) { return !is_digit(unit) && unit != number_mark; };
+    return static_cast<std::size_t>(std::find_if_not(text.begin(), text.end(), is_plain) - text.begin());
+}
 
 // The prefix of the names met so far, cut down name by name. A digit that differs becomes a number mark the first time;
 // from then on one that differs ends the prefix before its run.
@@ -53,8 +61,7 @@ private:
     void compare_exactly(std::u16string_view name)
     {
         const std::u16string& prefix = prefix_.text;
-        const auto difference = std::mismatch(prefix.begin(), prefix.end(), name.begin(), name.end());
-        const auto index = static_cast<std::size_t>(difference.first - prefix.begin());
+        const std::size_t index = shared_front(prefix, name);
         if (index == prefix.size() && index == name.size())
             return;
         const bool digit_in_prefix = index < prefix.size() && is_digit(prefix[index]);
@@ -64,6 +71,7 @@ private:
         if (number_mode_ && ((digit_in_prefix && digit_in_name) || runs_differ_in_length)) {
             prefix_.has_number = true;
             collapse_digit_run(prefix_.text, digit_in_prefix && digit_in_name ? index : index - 1);
+            prefix_.plain = plain_front(prefix_.text);
             compare_with_numbers(name);
             return;
         }
@@ -74,8 +82,8 @@ private:
     {
         const std::u16string& prefix = prefix_.text;
         bool in_equal_runs = false;
-        std::size_t a = 0;
-        std::size_t b = 0;
+        std::size_t a = shared_front(std::u16string_view(prefix).substr(0, prefix_.plain), name);
+        std::size_t b = a;
         while (a < prefix.size() && b < name.size()) {
             if (prefix[a] == name[b]) {
                 const bool enters_runs = is_digit(prefix[a]) && !in_equal_runs;
@@ -102,6 +110,7 @@ private:
     void end_at(std::size_t index)
     {
         prefix_.text.resize(index);
+        prefix_.plain = std::min(prefix_.plain, index);
         prefix_.all_same = false;
     }
 
@@ -109,11 +118,23 @@ private:
     bool number_mode_;
 };
 
+// Whether the name simply ends in the suffix, with runs of digits that begin within it.
+bool stays_as_it_is(const Affix& suffix, std::u16string_view name, std::size_t lowest, bool number_mode)
+{
+    if (suffix.has_number || name.size() - lowest < suffix.text.size() ||
+        (number_mode && is_digit(suffix.text.front())))
+        return false;
+    const std::u16string_view end = name.substr(name.size() - suffix.text.size());
+    return shared_front(end, suffix.text) == end.size();
+}
+
 // What one backward walk over the suffix and a name leaves of the suffix. The units of each that are still to be
 // compared are those before `a` and, down to the lowest index that counts, before `b`.
 void narrow_suffix(Affix& suffix, std::u16string_view name, std::size_t lowest, bool number_mode)
 {
     std::u16string& text = suffix.text;
+    if (stays_as_it_is(suffix, name, lowest, number_mode))
+        return;
     bool in_equal_runs = false;
     std::size_t a = text.size();
     std::size_t b = name.size();
@@ -158,8 +179,8 @@ std::size_t match_length(const Prefix& prefix, std::u16string_view name)
 {
     if (!prefix.has_number)
         return prefix.text.size();
-    std::size_t consumed = 0;
-    for (const char16_t unit : prefix.text) {
+    std::size_t consumed = prefix.plain; // which all names begin with
+    for (const char16_t unit : std::u16string_view(prefix.text).substr(consumed)) {
         if (consumed == name.size())
             break;
         if (unit == number_mark)

@@ -17,10 +17,7 @@ namespace {
 
 constexpr std::size_t most_digits = 260;
 
-bool starts_with(std::u16string_view text, std::u16string_view start)
-{
-    return text.size() >= start.size() && std::memcmp(text.data(), start.data(), start.size() * sizeof(char16_t)) == 0;
-}
+constexpr std::size_t nothing = SIZE_MAX; // could be taken
 
 bool can_take_more(const NamePart& part) { return part.kind == NamePartKind::Wild && !part.fixedLength; }
 
@@ -44,66 +41,65 @@ const NameMatch& NameMatcher::match(std::u16string_view text)
     match_.text = text_ = text;
     part_ = 0;
     place_ = 0;
-    first_wild_.reset();
-    last_wild_.reset();
-    match_.captures.clear();
+    first_wild_ = parts_.size();
+    last_wild_.part = parts_.size();
+    match_.captures.resize(parts_.size());
     match_.matched = match_onwards();
     while (!match_.matched && lengthen_last_wild())
         match_.matched = match_onwards();
-    if (!match_.matched && first_wild_)
-        match_.captures.resize(*first_wild_);
+    if (!match_.matched)
+        match_.captures.resize(std::min(part_, first_wild_));
     return match_;
 }
 
 // From the present part and place to the end of both, or to the first part that does not fit.
 bool NameMatcher::match_onwards()
 {
+    std::size_t place = place_;
     for (; part_ < parts_.size(); ++part_) {
         const NamePart& part = parts_[part_];
-        const std::optional<std::size_t> length = length_taken(part);
-        if (!length)
+        const std::size_t length = length_taken(part, place);
+        if (length == nothing)
             return false;
-        if (part.kind == NamePartKind::Wild && !first_wild_)
-            first_wild_ = part_;
-        if (can_take_more(part))
-            last_wild_ = {part_, place_, place_ + *length};
-        match_.captures.push_back({&part, text_.substr(place_, *length)});
-        place_ += *length;
+        if (part.kind == NamePartKind::Wild) {
+            first_wild_ = std::min(first_wild_, part_);
+            if (can_take_more(part))
+                last_wild_ = {part_, place, place + length};
+        }
+        match_.captures[part_] = {&part, {text_.data() + place, length}};
+        place += length;
     }
-    return place_ == text_.size();
+    return place == text_.size();
 }
 
-std::optional<std::size_t> NameMatcher::length_taken(const NamePart& part) const
+std::size_t NameMatcher::length_taken(const NamePart& part, std::size_t place) const
 {
-    const std::u16string_view rest = text_.substr(place_);
-    switch (part.kind) {
-    case NamePartKind::Text:
-        return starts_with(rest, part.matchText) ? std::optional(part.matchText.size()) : std::nullopt;
-    case NamePartKind::Number: {
-        const std::size_t digits = std::min(end_of_digits(rest, 0), most_digits);
-        return digits > 0 ? std::optional(digits) : std::nullopt;
+    const std::size_t left = text_.size() - place;
+    if (part.kind == NamePartKind::Text) {
+        const std::size_t length = part.matchText.size();
+        const bool fits =
+            length <= left && std::memcmp(text_.data() + place, part.matchText.data(), length * sizeof(char16_t)) == 0;
+        return fits ? length : nothing;
     }
-    case NamePartKind::Wild: {
-        const auto shortest = static_cast<std::size_t>(std::max(part.minLength, 0));
-        if ((part.mustStartWithDot && !rest.starts_with(u'.')) || rest.size() < shortest)
-            return std::nullopt;
-        return shortest;
+    if (part.kind == NamePartKind::Number) {
+        const std::size_t digits = std::min(end_of_digits(text_, place) - place, most_digits);
+        return digits > 0 ? digits : nothing;
     }
-    }
-    return std::nullopt;
+    const auto shortest = static_cast<std::size_t>(std::max(part.minLength, 0));
+    const bool fits = shortest <= left && (!part.mustStartWithDot || (left > 0 && text_[place] == u'.'));
+    return fits ? shortest : nothing;
 }
 
 // Sets part and place behind the last wild part, which takes more than it did; false when it can take no more.
 bool NameMatcher::lengthen_last_wild()
 {
-    if (!last_wild_ || last_wild_->end == text_.size())
+    OpenWild& wild = last_wild_;
+    if (wild.part == parts_.size() || wild.end == text_.size())
         return false;
-    OpenWild& wild = *last_wild_;
     wild.end = first_end_worth_trying(wild.part, wild.end + 1);
     if (wild.end > text_.size())
         return false;
-    match_.captures.resize(wild.part);
-    match_.captures.push_back({&parts_[wild.part], text_.substr(wild.start, wild.end - wild.start)});
+    match_.captures[wild.part].text = text_.substr(wild.start, wild.end - wild.start);
     part_ = wild.part + 1;
     place_ = wild.end;
     return true;

@@ -45,7 +45,7 @@ private:
 
     bool match_onwards();
     bool lengthen_last_wild();
-    [[nodiscard]] std::optional<std::size_t> length_taken(const NamePart& part) const;
+    [[nodiscard]] std::size_t length_taken(const NamePart& part, std::size_t place) const;
     [[nodiscard]] std::size_t first_end_worth_trying(std::size_t part, std::size_t place) const;
 
     const std::vector<NamePart>& parts_;
@@ -53,9 +53,9 @@ private:
     std::u16string_view text_;
     std::size_t part_ = 0;
     std::size_t place_ = 0;
-    std::optional<std::size_t> first_wild_; // that something was taken for
-    std::optional<OpenWild> last_wild_; // that could take more
-    NameMatch match_; // its captures: one for each part before part_
+    std::size_t first_wild_ = 0; // that something was taken for; behind the parts when there is none
+    OpenWild last_wild_; // that could take more; behind the parts when there is none
+    NameMatch match_; // its captures count for the parts before part_
 };
 
 /// Matches the same names in the same order again and again. Each is matched once; from then on the lengths that the

@@ -23,12 +23,21 @@ using Slices = std::vector<Slice>;
 
 std::uint64_t bit(std::uint8_t character_class) { return std::uint64_t{1} << character_class; }
 
-std::uint32_t count_common(std::u16string_view text, const CommonCharTable& table)
-{
+// The common characters of one text: how many there are, and which.
+struct CommonUnits {
     std::uint32_t count = 0;
-    for (const char16_t unit : text)
-        count += table[unit] ? 1U : 0U;
-    return count;
+    std::uint64_t classes = 0;
+};
+
+CommonUnits common_units_of(std::u16string_view text, const CommonCharTable& table)
+{
+    CommonUnits units;
+    for (const char16_t unit : text) {
+        const std::uint8_t character_class = table.class_of(unit);
+        units.count += character_class != 0 ? 1U : 0U;
+        units.classes |= bit(character_class);
+    }
+    return units;
 }
 
 // What is known of a list of texts before it is searched.
@@ -36,17 +45,22 @@ class Summary {
 public:
     explicit Summary(const CommonCharTable& table) : table_(&table) { }
 
-    // Texts are added in the order of the list. Most of them show soon that they hold what those before them share.
+    // Texts are added in the order of the list.
+    void add(const CommonUnits& units, std::size_t index)
+    {
+        shared_ &= units.classes;
+        judge(units.count, index);
+    }
+
+    // The same for a text whose common characters are counted already. Most texts show soon that they hold what those
+    // before them share.
     void add(std::u16string_view text, std::uint32_t common_units, std::size_t index)
     {
         std::uint64_t missing = shared_;
         for (auto unit = text.begin(); missing != 0 && unit != text.end(); ++unit)
             missing &= ~bit(table_->class_of(*unit));
         shared_ &= ~missing;
-        if (common_units < fewest_) {
-            fewest_ = common_units;
-            reference_ = index;
-        }
+        judge(common_units, index);
     }
 
     // False when no common character stands in all of the texts.
@@ -55,6 +69,14 @@ public:
     [[nodiscard]] std::size_t reference() const { return reference_; }
 
 private:
+    void judge(std::uint32_t common_units, std::size_t index)
+    {
+        if (common_units < fewest_) {
+            fewest_ = common_units;
+            reference_ = index;
+        }
+    }
+
     const CommonCharTable* table_;
     std::uint64_t shared_ = ~bit(0); // the classes of common characters
     std::uint32_t fewest_ = std::numeric_limits<std::uint32_t>::max();
@@ -84,8 +106,9 @@ public:
         Summary summary(table_);
         for (std::size_t i = 0; i < texts.size(); ++i) {
             sliced.load_ahead(i);
-            texts[i].common_units = count_common(sliced[i], table_);
-            summary.add(sliced[i], texts[i].common_units, i);
+            const CommonUnits units = common_units_of(sliced[i], table_);
+            texts[i].common_units = units.count;
+            summary.add(units, i);
         }
         return pattern(texts, summary);
     }
@@ -158,11 +181,11 @@ private:
 
     void note(Split& split, std::u16string_view text, Slice slice, Occurrence found, std::size_t index) const
     {
-        const std::u16string_view before = text.substr(0, found.start);
+        const CommonUnits before = common_units_of(text.substr(0, found.start), table_);
         Slice& left = split.left[index];
-        left = {slice.begin, slice.begin + static_cast<std::uint32_t>(found.start), count_common(before, table_)};
+        left = {slice.begin, slice.begin + static_cast<std::uint32_t>(found.start), before.count};
         const Slice right = right_of(slice, left, static_cast<std::uint32_t>(found.end - found.start));
-        split.left_summary.add(before, left.common_units, index);
+        split.left_summary.add(before, index);
         split.right_summary.add(text.substr(found.end), right.common_units, index);
     }
 

@@ -60,33 +60,47 @@ std::u16string formatNumberPart(const NamePart& part, std::u16string_view digits
     return number;
 }
 
-bool computeBaseNumbers(const FileSet& files, NamePattern& pattern)
+SmallestNumbers smallest_numbers(const FileSet& files, const NamePattern& pattern)
 {
-    std::vector<std::int64_t> smallest;
+    SmallestNumbers smallest;
+    if (std::ranges::count(pattern.parts, NamePartKind::Number, &NamePart::kind) == 0)
+        return smallest;
     NameMatcher matcher(pattern.parts);
     files.for_each_entry([&](const Filename& entry) {
         if (entry.not_listed)
             return;
+        const NameMatch& match = matcher.match(described_name(pattern, entry.name));
+        smallest.all_names_fit = smallest.all_names_fit && match.matched;
         std::size_t slot = 0;
-        for (const PartCapture& capture : matcher.match(described_name(pattern, entry.name)).captures) {
+        for (const PartCapture& capture : match.captures) {
             if (capture.part->kind != NamePartKind::Number)
                 continue;
             const std::int64_t number = read_decimal(capture.text);
-            if (slot == smallest.size())
-                smallest.push_back(number);
-            smallest[slot] = std::min(smallest[slot], number);
+            if (slot == smallest.numbers.size())
+                smallest.numbers.push_back(number);
+            smallest.numbers[slot] = std::min(smallest.numbers[slot], number);
             ++slot;
         }
     });
+    return smallest;
+}
+
+bool set_base_numbers(NamePattern& pattern, const SmallestNumbers& smallest)
+{
     bool changed = false;
-    auto next = smallest.begin();
+    auto next = smallest.numbers.begin();
     for (NamePart& part : pattern.parts) {
-        if (part.kind != NamePartKind::Number || next == smallest.end())
+        if (part.kind != NamePartKind::Number || next == smallest.numbers.end())
             continue;
         changed = changed || part.baseNumber != *next;
         part.baseNumber = *next++;
     }
     return changed;
+}
+
+bool computeBaseNumbers(const FileSet& files, NamePattern& pattern)
+{
+    return set_base_numbers(pattern, smallest_numbers(files, pattern));
 }
 
 } // namespace multirename

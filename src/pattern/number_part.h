@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "fileset/file_set.h"
 #include "pattern/name_pattern.h"
@@ -20,5 +22,18 @@ void append_number(std::u16string& name, const NamePart& part, std::u16string_vi
 /// Sets each number part's base number to the smallest number that it takes from the listed entries' old names; a part
 /// that takes none keeps the one it has. True when any changed.
 bool computeBaseNumbers(const FileSet& files, NamePattern& pattern);
+
+/// The smallest number that each number part captures among the listed names, in the order of the parts; fewer when no
+/// name gave the last ones anything.
+struct SmallestNumbers {
+    std::vector<std::int64_t> numbers;
+    bool all_names_fit = true;
+};
+
+/// What `computeBaseNumbers` sets, without setting it.
+[[nodiscard]] SmallestNumbers smallest_numbers(const FileSet& files, const NamePattern& pattern);
+
+/// Sets the base numbers of the parts for which there is a number; true when any of them changed.
+bool set_base_numbers(NamePattern& pattern, const SmallestNumbers& smallest);
 
 } // namespace multirename

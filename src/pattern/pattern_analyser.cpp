@@ -18,8 +18,6 @@ namespace multirename {
 
 namespace {
 
-using Names = std::vector<std::u16string_view>;
-
 std::u16string with_marks_shown(std::u16string_view pattern, bool number_mode)
 {
     std::u16string shown = escape_hashes(pattern);
@@ -62,21 +60,30 @@ std::u16string pattern_of_names(std::span<const std::u16string_view> names, bool
     return with_marks_shown(affixes.prefix + middle + affixes.suffix, numberMode);
 }
 
-ExtractedPattern computeNamePattern(const FileSet& files, bool numberMode, NameMode nameMode)
+ListedNames collectNames(const FileSet& files, NameMode nameMode)
 {
-    Names names;
+    ListedNames listed;
     CommonExtension extension;
+    listed.names.reserve(files.listed.size());
     files.for_each_entry([&](const Filename& entry) {
         if (entry.not_listed)
             return;
         if (nameMode == NameMode::WholeName) {
-            names.emplace_back(entry.name);
+            listed.names.push_back(entry.name);
             return;
         }
-        names.push_back(base_name(entry.name));
-        extension.add(extension_of(entry.name));
+        const std::u16string_view base = base_name(entry.name);
+        listed.names.push_back(base);
+        extension.add(entry.name.substr(base.size()));
     });
-    return {pattern_of_names(names, numberMode), extension.text()};
+    listed.extensionText = extension.text();
+    return listed;
+}
+
+ExtractedPattern computeNamePattern(const FileSet& files, bool numberMode, NameMode nameMode)
+{
+    ListedNames listed = collectNames(files, nameMode);
+    return {pattern_of_names(listed.names, numberMode), std::move(listed.extensionText)};
 }
 
 } // namespace multirename

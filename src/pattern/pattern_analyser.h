@@ -15,6 +15,15 @@ struct ExtractedPattern {
     std::u16string extensionText; ///< the extension that all names share, ".*" when they differ, or nothing
 };
 
+/// The names that a pattern is found for, in the order of the file set. They refer into the set.
+struct ListedNames {
+    std::vector<std::u16string_view> names;
+    std::u16string extensionText; ///< as in ExtractedPattern
+};
+
+/// The names of all listed entries, without their extensions unless `nameMode` is NameMode::WholeName.
+[[nodiscard]] ListedNames collectNames(const FileSet& files, NameMode nameMode);
+
 /// The one pattern that the names of all listed entries share. For NameMode::WholeName the extension text is empty;
 /// NameMode::BaseWithExtensionPart gives the pattern of the names without extensions, like NameMode::BaseOnly.
 [[nodiscard]] ExtractedPattern computeNamePattern(const FileSet& files, bool numberMode, NameMode nameMode);

@@ -19,8 +19,6 @@ namespace multirename {
 
 namespace {
 
-constexpr std::size_t numbers_as_text_offset = 2;
-
 StatusImage image_of(Status status)
 {
     switch (status) {
@@ -58,39 +56,20 @@ RenameRun::RenameRun(FileSet& files, RememberedBoxes& remembered, MessageSource 
 
 std::size_t RenameRun::pattern_index() const noexcept
 {
-    return (numbers_as_text_.checked ? numbers_as_text_offset : 0) + (allow_extension_changes_.checked ? 1 : 0);
+    return ModePatterns::index(numbers_as_text_.checked, allow_extension_changes_.checked);
 }
 
 void RenameRun::compute_patterns()
 {
     matches_.reset();
+    modes_ = computeModePatterns(files_, is_whole_name_mode());
     allow_extension_changes_.enabled = true;
     numbers_as_text_.enabled = true;
-    for (const bool as_text : {false, true}) {
-        const std::size_t base_only = as_text ? numbers_as_text_offset : 0;
-        const ExtractedPattern extracted = computeNamePattern(files_, !as_text, NameMode::BaseOnly);
-        patterns_[base_only] = parsePattern(extracted.pattern, extracted.extensionText, NameMode::BaseOnly);
-        extension_text_ = extracted.extensionText;
-        if (extension_text_.empty())
-            allow_extension_changes_ = {false, false};
-        if (!as_text && !has_number_marker(extracted.pattern))
-            numbers_as_text_ = {false, false};
-        NamePattern& with_extension = patterns_[base_only + 1];
-        if (is_whole_name_mode()) {
-            const ExtractedPattern whole = computeNamePattern(files_, !as_text, NameMode::WholeName);
-            with_extension = parsePattern(whole.pattern, whole.extensionText, NameMode::WholeName);
-        } else {
-            with_extension = parsePattern(extracted.pattern, extracted.extensionText, NameMode::BaseWithExtensionPart);
-        }
-    }
-    compute_base_numbers();
-}
-
-void RenameRun::compute_base_numbers()
-{
-    // Where numbers are taken as text there are no number parts.
-    for (const std::size_t recognising : {0U, 1U})
-        computeBaseNumbers(files_, patterns_[recognising]);
+    if (modes_.extension_text.empty())
+        allow_extension_changes_ = {false, false};
+    const std::size_t with_numbers = ModePatterns::index(false, false);
+    if (!has_number_marker(modes_.patterns[with_numbers].patternText))
+        numbers_as_text_ = {false, false};
 }
 
 void RenameRun::mark_scope()
@@ -204,7 +183,7 @@ void RenameRun::change_mode(std::size_t previous_index)
     matches_.reset();
     const std::size_t index = pattern_index();
     if (index != previous_index)
-        carryPartSettings(patterns_[index], patterns_[previous_index]);
+        carryPartSettings(modes_.patterns[index], modes_.patterns[previous_index]);
     refresh_names();
 }
 
@@ -247,7 +226,7 @@ std::optional<Message> RenameRun::remove_rows(std::span<const std::size_t> rows)
     if (all_names_are_pasted())
         pattern_controls_enabled_ = false;
     matches_.reset();
-    compute_base_numbers();
+    refresh_base_numbers(files_, modes_);
     number_rows();
     refresh_names();
     return std::nullopt;

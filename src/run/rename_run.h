@@ -11,6 +11,7 @@
 
 #include "fileset/file_set.h"
 #include "pattern/match_name.h"
+#include "pattern/mode_patterns.h"
 #include "pattern/name_pattern.h"
 #include "rename/rename_all.h"
 #include "run/messages.h"
@@ -76,9 +77,9 @@ public:
 
     // The pattern
 
-    [[nodiscard]] const NamePattern& pattern() const noexcept { return patterns_[pattern_index()]; }
+    [[nodiscard]] const NamePattern& pattern() const noexcept { return modes_.patterns[pattern_index()]; }
     /// The extension that all names share, ".*" when they differ, or nothing.
-    [[nodiscard]] const std::u16string& extension_text() const noexcept { return extension_text_; }
+    [[nodiscard]] const std::u16string& extension_text() const noexcept { return modes_.extension_text; }
     /// True when every listed entry is a folder: names are never split at a period then.
     [[nodiscard]] bool is_whole_name_mode() const noexcept { return !files_.has_plain_file; }
     [[nodiscard]] CheckBox allow_extension_changes() const noexcept { return allow_extension_changes_; }
@@ -101,7 +102,7 @@ public:
 
     /// A part of the current pattern, for changes to its settings; `refresh_names` makes them count. What the part
     /// takes of old names must stay as it is.
-    [[nodiscard]] NamePart& part(std::size_t part) { return patterns_[pattern_index()].parts[part]; }
+    [[nodiscard]] NamePart& part(std::size_t part) { return modes_.patterns[pattern_index()].parts[part]; }
 
     /// Makes all new names that the pattern governs and judges them.
     void refresh_names();
@@ -158,7 +159,6 @@ public:
 private:
     [[nodiscard]] std::size_t pattern_index() const noexcept;
     void compute_patterns();
-    void compute_base_numbers();
     void mark_scope();
     void number_rows();
     void change_mode(std::size_t previous_index);
@@ -174,8 +174,7 @@ private:
     std::vector<Filename*> rows_;
     std::optional<RememberedMatches>
         matches_; // of the names in scope with the current pattern, while these are the same
-    std::array<NamePattern, 4> patterns_; // by (numbers as text ? 2 : 0) + (allow extension changes ? 1 : 0)
-    std::u16string extension_text_;
+    ModePatterns modes_;
     CheckBox allow_extension_changes_;
     CheckBox numbers_as_text_;
     bool pattern_controls_enabled_ = true;

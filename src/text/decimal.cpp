@@ -12,13 +12,6 @@ bool is_white_space(char16_t unit) noexcept { return unit == u' ' || (unit >= u'
 
 } // namespace
 
-std::size_t end_of_digits(std::u16string_view text, std::size_t position) noexcept
-{
-    while (position < text.size() && is_digit(text[position]))
-        ++position;
-    return position;
-}
-
 std::int64_t read_decimal(std::u16string_view text) noexcept
 {
     std::size_t position = 0;
@@ -27,6 +20,14 @@ std::int64_t read_decimal(std::u16string_view text) noexcept
     const bool negative = position < text.size() && text[position] == u'-';
     if (negative)
         ++position;
+    constexpr std::size_t digits_that_surely_fit = 18;
+    const std::size_t end = end_of_digits(text, position);
+    if (end - position <= digits_that_surely_fit) {
+        std::int64_t value = 0;
+        for (; position < end; ++position)
+            value = value * 10 + (text[position] - u'0');
+        return negative ? -value : value;
+    }
     // Collected as a negative number, whose range is the larger by one.
     std::int64_t value = 0;
     for (; position < text.size() && is_digit(text[position]); ++position)

@@ -11,7 +11,12 @@ namespace multirename {
 [[nodiscard]] constexpr bool is_digit(char16_t unit) noexcept { return unit >= u'0' && unit <= u'9'; }
 
 /// The index just past the run of digits that starts at `position`; `position` itself when no digit stands there.
-[[nodiscard]] std::size_t end_of_digits(std::u16string_view text, std::size_t position) noexcept;
+[[nodiscard]] constexpr std::size_t end_of_digits(std::u16string_view text, std::size_t position) noexcept
+{
+    while (position < text.size() && is_digit(text[position]))
+        ++position;
+    return position;
+}
 
 /// Reads a decimal number from the start of `text`: white space is skipped, one "-" makes it negative, and the digits
 /// up to the first other character count. No digits give 0; a number that does not fit 64 bits gives the nearest that
