@@ -2,7 +2,8 @@
 // prints the ratios. `scripts/bench` runs it.
 //
 //     engine_bench [--quick] [--report=FILE] [options of Google Benchmark]
-//     engine_bench --memory=COUNT             one run in this process; prints how many bytes it needed at its peak
+//     engine_bench --check                    each operation once on each family; only whether it does what it is to
+//     time engine_bench --memory=COUNT             one run in this process; prints how many bytes it needed at its peak
 
 #include <benchmark/benchmark.h>
 
@@ -131,6 +132,18 @@ private:
     std::map<std::string, std::vector<double>> times_;
 };
 
+int check()
+{
+    constexpr std::size_t count = 500;
+    for (const NameFamily& family : name_families()) {
+        Listing listing(family, count);
+        for (const Operation& operation : operations())
+            operation.run(listing);
+    }
+    static_cast<void>(peak_of_a_run(count)); // throws when the run does not do what it should
+    return EXIT_SUCCESS;
+}
+
 // The highest mark of memory is a process's own, so each run is made in a new one.
 MemoryUse memory_of(std::size_t count)
 {
@@ -159,6 +172,8 @@ int main(int argc, char** argv)
             is_quick = true;
         else if (argument.starts_with("--report="))
             report_file = argument.substr(argument.find('=') + 1);
+        else if (argument == "--check")
+            return check();
         else if (argument.starts_with("--memory="))
             return std::printf("%zu\n", peak_of_a_run(std::stoul(argv[i] + argument.find('=') + 1))) > 0 ? 0 : 1;
         else

@@ -24,7 +24,7 @@ ensure_packages() {
         fail "Installing failed; see ${TMPDIR:-/tmp}/multirename-install.log"
 }
 
-native_packages=(cmake ninja-build g++ googletest libcli11-dev nlohmann-json3-dev rapidjson-dev)
+native_packages=(cmake ninja-build g++ googletest libbenchmark-dev libcli11-dev nlohmann-json3-dev rapidjson-dev)
 windows_packages=(cmake ninja-build g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64 googletest
     libcli11-dev rapidjson-dev
     wine wine64 fonts-wine xvfb xauth)

@@ -6,10 +6,10 @@
 #include "pattern/match_name.h"
 
 #include <algorithm>
-#include <cstring>
 
 #include "fileset/filename.h"
 #include "text/decimal.h"
+#include "text/shared_front.h"
 
 namespace multirename {
 
