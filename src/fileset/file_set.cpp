@@ -41,6 +41,7 @@ Status folder_status(const RenameFolder& folder)
 
 bool FileSet::add_paths(std::span<const std::u16string> paths)
 {
+    listed.reserve(listed.size() + paths.size());
     std::shared_ptr<RenameFolder> current;
     std::vector<std::u16string_view> names; // that wait to be listed in the current folder
     const auto list_names = [&] {

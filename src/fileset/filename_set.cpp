@@ -75,15 +75,20 @@ class KeySorter {
 public:
     KeySorter(const Rows& rows, bool tells_case_apart) : rows_(rows), tells_case_apart_(tells_case_apart) { }
 
+    [[nodiscard]] bool is_sorted() const
+    {
+        const auto sorts_before = [this](const auto& a, const auto& b) {
+            return compare_names(a.name, b.name, tells_case_apart_) < 0;
+        };
+        return std::is_sorted(rows_.begin(), rows_.end(), sorts_before);
+    }
+
     // The numbers of the names in their order; equal ones stay in theirs.
     std::vector<SortItem> sorted()
     {
         std::vector<SortItem> items(rows_.size());
         for (std::size_t i = 0; i < items.size(); ++i)
             items[i].row = static_cast<std::uint32_t>(i);
-        const auto is_out_of_order = [this](const SortItem& a, const SortItem& b) { return sorts_before(b, a); };
-        if (std::adjacent_find(items.begin(), items.end(), is_out_of_order) == items.end())
-            return items;
         spare_.resize(items.size());
         sort(items, 0);
         spare_ = {};
@@ -225,24 +230,36 @@ void FolderEntries::fill(Filename& entry, const Row& row) const
 FilenameSet::FilenameSet(FolderEntries entries, bool tells_case_apart) : tells_case_apart_(tells_case_apart)
 {
     const auto& rows = entries.rows_;
+    entries_.reserve(rows.size());
+    KeySorter sorter(rows, tells_case_apart);
+    if (sorter.is_sorted()) {
+        names_ = std::move(entries.names_);
+        for (const auto& row : rows)
+            add(entries, row, row.name);
+        return;
+    }
     std::size_t units = 0;
     for (const auto& row : rows)
         units += row.name.size();
     names_ = TextStore(units);
-    entries_.reserve(rows.size());
-    const std::vector<SortItem> sorted = KeySorter(rows, tells_case_apart).sorted();
+    const std::vector<SortItem> sorted = sorter.sorted();
     for (std::size_t i = 0; i < sorted.size(); ++i) {
         if (i + 2 * names_ahead < sorted.size())
             __builtin_prefetch(&rows[sorted[i + 2 * names_ahead].row]);
         if (i + names_ahead < sorted.size())
             __builtin_prefetch(rows[sorted[i + names_ahead].row].name.data());
         const auto& row = rows[sorted[i].row];
-        if (!entries_.empty() && are_one_name(entries_.back().name, row.name))
-            continue;
-        Filename& entry = entries_.emplace_back();
-        entry.name = names_.add(row.name);
-        entries.fill(entry, row);
+        add(entries, row, names_.add(row.name));
     }
+}
+
+void FilenameSet::add(const FolderEntries& entries, const FolderEntries::Row& row, std::u16string_view name)
+{
+    if (!entries_.empty() && are_one_name(entries_.back().name, name))
+        return;
+    Filename& entry = entries_.emplace_back();
+    entry.name = name;
+    entries.fill(entry, row);
 }
 
 const NameIndex& FilenameSet::index() const

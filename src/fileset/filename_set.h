@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <optional>
 #include <span>
 #include <string_view>
@@ -38,8 +39,8 @@ private:
     void fill(Filename& entry, const Row& row) const;
 
     TextStore names_;
-    std::vector<Row> rows_;
-    std::vector<Details> details_;
+    std::deque<Row> rows_; // grows without moving what it holds
+    std::deque<Details> details_;
 };
 
 /// The entries of a folder, sorted by their keys code unit by code unit: no natural order of digit runs, no locale. No
@@ -84,6 +85,8 @@ public:
     [[nodiscard]] Filename& operator[](std::size_t place) const noexcept { return entries_[place]; }
 
 private:
+    void add(const FolderEntries& entries, const FolderEntries::Row& row, std::u16string_view name);
+
     TextStore names_;
     // Who has the set may change the records, not which there are.
     mutable std::vector<Filename> entries_;

@@ -62,6 +62,12 @@ std::uint64_t raised(std::uint64_t word)
     return result;
 }
 
+// A word in memory has its first unit lowest; as a number that sorts as the units do it has it highest.
+std::uint64_t first_unit_in_front(std::uint64_t word)
+{
+    return word << 48 | (word & 0xFFFF'0000U) << 16 | (word >> 16 & 0xFFFF'0000U) | word >> 48;
+}
+
 std::uint64_t as_it_is(std::uint64_t word) { return word; }
 
 template <std::uint64_t (*map)(std::uint64_t)>
@@ -101,12 +107,16 @@ int compare_keys(std::u16string_view a, std::u16string_view b) noexcept
 {
     const std::size_t shorter = std::min(a.size(), b.size());
     std::size_t i = 0;
-    while (i + units_per_word <= shorter && raised(word_at(a.data() + i)) == raised(word_at(b.data() + i)))
-        i += units_per_word;
-    while (i < shorter && (a[i] == b[i] || key_unit(a[i]) == key_unit(b[i])))
-        ++i;
-    if (i < shorter)
-        return key_unit(a[i]) < key_unit(b[i]) ? -1 : 1;
+    for (; i + units_per_word <= shorter; i += units_per_word) {
+        const std::uint64_t of_a = word_at(a.data() + i);
+        const std::uint64_t of_b = word_at(b.data() + i);
+        if (of_a != of_b && raised(of_a) != raised(of_b))
+            return first_unit_in_front(raised(of_a)) < first_unit_in_front(raised(of_b)) ? -1 : 1;
+    }
+    const std::uint64_t end_of_a = key_word(a, i);
+    const std::uint64_t end_of_b = key_word(b, i);
+    if (end_of_a != end_of_b)
+        return end_of_a < end_of_b ? -1 : 1;
     if (a.size() == b.size())
         return 0;
     return a.size() < b.size() ? -1 : 1;
@@ -117,9 +127,7 @@ std::uint64_t key_word(std::u16string_view name, std::size_t start) noexcept
     if (start >= name.size())
         return 0;
     const std::u16string_view rest = name.substr(start, units_per_word);
-    const std::uint64_t word = raised(rest.size() == units_per_word ? word_at(rest.data()) : last_word(rest));
-    // The first unit counts most.
-    return word << 48 | (word & 0xFFFF'0000U) << 16 | (word >> 16 & 0xFFFF'0000U) | word >> 48;
+    return first_unit_in_front(raised(rest.size() == units_per_word ? word_at(rest.data()) : last_word(rest)));
 }
 
 bool have_one_key(std::u16string_view a, std::u16string_view b) noexcept

@@ -11,7 +11,12 @@ std::vector<const Filename*> collect(const FileSet& files, RenameProgress& progr
     std::vector<const Filename*> collected;
     if (progress.is_cancelled())
         return collected;
-    for (const auto& folder : folder_order(files)) {
+    const std::vector<std::shared_ptr<RenameFolder>> order = folder_order(files);
+    std::size_t planned = 0;
+    for (const auto& folder : order)
+        planned += folder->rename_order.size();
+    collected.reserve(planned);
+    for (const auto& folder : order) {
         for (const Filename* entry : folder->rename_order) {
             if (entry->name != entry->new_name)
                 collected.push_back(entry);
