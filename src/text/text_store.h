@@ -41,7 +41,7 @@ private:
         std::unique_ptr<char16_t[]> units;
         std::size_t size = 0;
     };
-    static constexpr std::size_t usual_size = 32 * 1024;
+    static constexpr std::size_t usual_size = 32'768;
 
     // Room for so many units after those in use.
     char16_t* reserve(std::size_t length)
