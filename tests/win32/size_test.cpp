@@ -225,3 +225,18 @@ TEST_F(DialogSize, AMaximisedDialogShowsNoGrip)
     PostMessageW(dialog.handle(), WM_SYSCOMMAND, SC_RESTORE, 0);
     EXPECT_TRUE(driver::wait_until(is_usable));
 }
+
+TEST_F(DialogSize, GivesOldNamesTheRoomThatTheListItselfMeasures)
+{
+    const std::vector<std::vector<std::u16string>> listings = {
+        made({u"iiiiiiiiiiiiiiiiii.txt", u"WWWWWWWWWWWW.txt", u"a.txt"}),
+        made({u"WW.txt", u"\u00C4\u00D6\u00DC\u00DF\u00E9\u0142 \u0160kr.txt", u"ill.txt"}),
+        made({u"\u65E5\u672C\u8A9E\u306E\u540D\u524D.txt", u"Wide Latin.txt", u"e\u0301.txt"}),
+    };
+    for (const std::vector<std::u16string>& listing : listings) {
+        const OpenDialog dialog(module, listing);
+        const auto width = driver::ask(dialog.list(), LVM_GETCOLUMNWIDTH, 0);
+        driver::ask(dialog.list(), LVM_SETCOLUMNWIDTH, 0, LVSCW_AUTOSIZE);
+        EXPECT_EQ(width, driver::ask(dialog.list(), LVM_GETCOLUMNWIDTH, 0) + scaled(20, resolution));
+    }
+}

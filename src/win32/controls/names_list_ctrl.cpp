@@ -33,7 +33,7 @@ std::u16string_view cell_text(const RowView& row, int column)
 
 } // namespace
 
-void CNamesListCtrl::fill(const RenameRun& run)
+void CNamesListCtrl::fill(const RenameRun& run, int dpi)
 {
     set_extended_style(LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER);
     insert_column(OldName, u"Old Name", 0);
@@ -41,10 +41,32 @@ void CNamesListCtrl::fill(const RenameRun& run)
     if (run.shows_folders())
         insert_column(Folder, u"Folder", 0);
     set_redraw(false);
+    fit_old_names(run);
     reserve_rows(run.row_count());
+    const int columns = column_count();
     for (std::size_t row = 0; row < run.row_count(); ++row)
-        append_row(reinterpret_cast<LPARAM>(&run.row_entry(row)));
+        insert_row(static_cast<int>(row), columns, reinterpret_cast<LPARAM>(&run.row_entry(row)));
     set_redraw(true);
+    space_columns(dpi);
+}
+
+// The control would ask for every row's name, and measures each at the cost of several calls to the system.
+void CNamesListCtrl::fit_old_names(const RenameRun& run) const
+{
+    TextRuler ruler(handle(), font());
+    std::u16string_view widest;
+    int greatest_width = -1;
+    for (std::size_t row = 0; row < run.row_count(); ++row) {
+        const std::u16string_view name = run.row_entry(row).name;
+        if (const int width = ruler.width(name); width > greatest_width) {
+            greatest_width = width;
+            widest = name;
+        }
+    }
+    if (run.row_count() > 0)
+        fit_first_column(widest);
+    else
+        fit_column(OldName);
 }
 
 void CNamesListCtrl::remove_missing_rows(const RenameRun& run)
@@ -62,8 +84,13 @@ void CNamesListCtrl::remove_missing_rows(const RenameRun& run)
 
 void CNamesListCtrl::size_columns(int dpi) const noexcept
 {
-    const int last = column_count() - 1;
     fit_column(OldName);
+    space_columns(dpi);
+}
+
+void CNamesListCtrl::space_columns(int dpi) const noexcept
+{
+    const int last = column_count() - 1;
     set_column_width(OldName, column_width(OldName) + scaled(old_name_allowance, dpi));
     if (last == Folder)
         set_column_width(NewName, column_width(OldName) + scaled(new_name_allowance, dpi));

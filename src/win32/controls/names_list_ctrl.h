@@ -35,13 +35,13 @@ public:
     /// The owner must outlive the list.
     explicit CNamesListCtrl(Owner& owner) noexcept : owner_(owner) { }
 
-    /// Makes the columns and all rows.
-    void fill(const RenameRun& run);
+    /// Makes the columns, as wide as `size_columns` makes them, and all rows. The pictures must have been set.
+    void fill(const RenameRun& run, int dpi);
 
     /// Takes away the rows that the run no longer has; the others must stand in its order.
     void remove_missing_rows(const RenameRun& run);
 
-    /// Columns as wide as old names need, the last one up to the right edge.
+    /// Columns as wide as old names need, the last one up to the right edge. Measures the names of all rows.
     void size_columns(int dpi) const noexcept;
 
     /// Brings the last column to the right edge again.
@@ -54,6 +54,8 @@ public:
     [[nodiscard]] LRESULT draw(const RenameRun& run, const NMLVCUSTOMDRAW& stage, HFONT bold) const;
 
 private:
+    void fit_old_names(const RenameRun& run) const;
+    void space_columns(int dpi) const noexcept;
     std::optional<LRESULT> on_message(UINT message, WPARAM w, LPARAM l) override;
     void menu_wanted(MenuWanted event);
     void copy_names(Chosen);

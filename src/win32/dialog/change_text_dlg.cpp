@@ -106,8 +106,7 @@ bool ChangeTextDlg::OnInitDialog()
     place_controls(client_size());
     state_images_ = load_images(IDB_STATUS_READY, IDB_STATUS_INVALID, state_image_size);
     names_list_.set_state_images(state_images_.get());
-    names_list_.fill(*run_);
-    names_list_.size_columns(dpi_.dpi());
+    names_list_.fill(*run_, dpi_.dpi());
     build_row();
     dpi_.watch(*this);
     edit_notifications_live_ = true;

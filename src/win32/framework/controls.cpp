@@ -110,19 +110,30 @@ int CListCtrl::column_width(int column) const noexcept
 
 void CListCtrl::fit_column(int column) const noexcept { set_column_width(column, LVSCW_AUTOSIZE); }
 
+// What the control leaves beside a text is its own affair, so it is shown the one text that counts.
+void CListCtrl::fit_first_column(std::u16string_view widest_text) const
+{
+    std::wstring wide = to_wide(widest_text);
+    LVITEMW item = {};
+    item.mask = LVIF_TEXT;
+    item.pszText = wide.data();
+    send(LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item));
+    fit_column(0);
+    delete_row(0);
+}
+
 void CListCtrl::fill_with_column(int column) const noexcept { set_column_width(column, LVSCW_AUTOSIZE_USEHEADER); }
 
 void CListCtrl::reserve_rows(std::size_t count) const noexcept { send(LVM_SETITEMCOUNT, count); }
 
-void CListCtrl::append_row(LPARAM row_data) const noexcept
+void CListCtrl::insert_row(int row, int columns, LPARAM row_data) const noexcept
 {
     LVITEMW item = {};
     item.mask = LVIF_TEXT | LVIF_PARAM;
-    item.iItem = static_cast<int>(send(LVM_GETITEMCOUNT));
+    item.iItem = row;
     item.pszText = LPSTR_TEXTCALLBACKW;
     item.lParam = row_data;
-    const LRESULT row = send(LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item));
-    const int columns = column_count();
+    send(LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item));
     for (int column = 1; column < columns; ++column) {
         LVITEMW cell = {};
         cell.iSubItem = column;

@@ -77,14 +77,18 @@ public:
     void insert_column(int column, std::u16string_view title, int width) const;
     void set_column_width(int column, int width) const noexcept;
     [[nodiscard]] int column_width(int column) const noexcept;
-    /// Wide enough for every text of the column.
+    /// Wide enough for every text of the column. The control asks for the texts of all rows and measures each.
     void fit_column(int column) const noexcept;
+    /// Makes the first column as wide as `fit_column` will once the list has rows, of which none has a wider text than
+    /// this one. Only for a list without rows; it has none afterwards.
+    void fit_first_column(std::u16string_view widest_text) const;
     /// Takes the room that the other columns leave; only the last column can.
     void fill_with_column(int column) const noexcept;
     /// Makes room for so many rows at once.
     void reserve_rows(std::size_t count) const noexcept;
-    /// Adds a row at the end, the texts and the state image of which are asked for when they are needed.
-    void append_row(LPARAM row_data) const noexcept;
+    /// Adds a row at this place, the texts and the state image of which are asked for when they are needed. `columns`
+    /// is how many columns the list has, so that it need not be asked again for every row.
+    void insert_row(int row, int columns, LPARAM row_data) const noexcept;
     void set_state_images(HIMAGELIST images) const noexcept;
     [[nodiscard]] LPARAM row_data(int row) const noexcept;
     [[nodiscard]] int row_count() const noexcept;

@@ -5,6 +5,21 @@
 
 namespace multirename {
 
+namespace {
+
+constexpr int unknown_width = -1;
+constexpr char16_t first_letter = 0x20;
+
+int measured_width(HDC context, std::u16string_view text)
+{
+    const std::wstring wide = to_wide(text);
+    SIZE extent = {};
+    GetTextExtentPoint32W(context, wide.data(), static_cast<int>(wide.size()), &extent);
+    return static_cast<int>(extent.cx);
+}
+
+} // namespace
+
 CWnd::~CWnd() { release(); }
 
 void CWnd::attach(HWND window) noexcept
@@ -111,16 +126,31 @@ void CWnd::set_redraw(bool on) const noexcept
         repaint();
 }
 
+TextRuler::TextRuler(HWND window, HFONT font) noexcept : context_(window), selected_(context_.get(), font)
+{
+    widths_.fill(unknown_width);
+}
+
+int TextRuler::width(std::u16string_view text)
+{
+    int sum = 0;
+    for (const char16_t& unit : text) {
+        if (unit < first_letter || unit >= remembered_units)
+            return measured_width(context_.get(), text);
+        if (widths_[unit] == unknown_width)
+            widths_[unit] = measured_width(context_.get(), {&unit, 1});
+        sum += widths_[unit];
+    }
+    return sum;
+}
+
 int text_width(HWND window, HFONT font, std::u16string_view text)
 {
     if (text.empty())
         return 0;
     const WindowDeviceContext context(window);
     const SelectedObject selected(context.get(), font);
-    const std::wstring wide = to_wide(text);
-    SIZE extent = {};
-    GetTextExtentPoint32W(context.get(), wide.data(), static_cast<int>(wide.size()), &extent);
-    return static_cast<int>(extent.cx);
+    return measured_width(context.get(), text);
 }
 
 HFONT create_font_like(HFONT font, std::optional<LONG> weight, int numerator, int denominator)

@@ -2,10 +2,13 @@
 
 #include <windows.h>
 
+#include <array>
 #include <exception>
 #include <optional>
 #include <string>
 #include <string_view>
+
+#include "win32/framework/handles.h"
 
 namespace multirename {
 
@@ -74,6 +77,22 @@ private:
 
 /// Pixels that the text takes in a font, on one line.
 [[nodiscard]] int text_width(HWND window, HFONT font, std::u16string_view text);
+
+/// Measures many texts in one font: far fewer calls than `text_width` for each, with the same results.
+class TextRuler {
+public:
+    /// The window and the font must outlive the ruler.
+    TextRuler(HWND window, HFONT font) noexcept;
+
+    /// What `text_width` gives.
+    [[nodiscard]] int width(std::u16string_view text);
+
+private:
+    static constexpr std::size_t remembered_units = 0x300; // Latin letters: nothing joins or reorders them
+    WindowDeviceContext context_;
+    SelectedObject selected_;
+    std::array<int, remembered_units> widths_; // of one unit each, as far as known
+};
 
 /// A font like this one, changed in weight (when given, 400 is normal, 700 bold) and height (in the font's own units,
 /// times numerator / denominator, fractions dropped).
