@@ -71,18 +71,22 @@ Names camera(std::size_t count)
     Names names;
     for (std::size_t shot = 1; names.size() < count; ++shot) {
         if (shot % 7 != 0) // what was deleted at once
-            names.push_back(u"IMG_" + number(shot, 6) + u".jpg");
+            names.push_back(u"IMG_" + number(shot, 7) + u".jpg"); // in order, however many
     }
     return names;
 }
 
 Names camera_by_time(std::size_t count)
 {
+    constexpr std::size_t days_of_month = 28;
+    constexpr std::size_t days_of_year = 12 * days_of_month;
     Names names;
     for (std::size_t second = 0; names.size() < count; second += 37) {
+        const std::size_t day = second / 86'400;
         const std::size_t of_day = second % 86'400;
-        names.push_back(u"PXL_2024" + number(second / 86'400 / 28 % 12 + 1, 2) + number(second / 86'400 % 28 + 1, 2) +
-                        u"_" + number(of_day / 3'600, 2) + number(of_day / 60 % 60, 2) + number(of_day % 60, 2) +
+        names.push_back(u"PXL_" + number(2020 + day / days_of_year, 4) +
+                        number(day % days_of_year / days_of_month + 1, 2) + number(day % days_of_month + 1, 2) + u"_" +
+                        number(of_day / 3'600, 2) + number(of_day / 60 % 60, 2) + number(of_day % 60, 2) +
                         number(second / 37 % 1'000, 3) + (second % 5 == 0 ? u".PORTRAIT.jpg" : u".jpg"));
     }
     return names;
@@ -98,8 +102,8 @@ Names episodes(std::size_t count)
     Random random;
     Names names;
     for (std::size_t episode = 0; names.size() < count; ++episode) {
-        std::u16string name =
-            u"Harbour Lights S" + number(episode / 24 + 1, 2) + u"E" + number(episode % 24 + 1, 2) + u" -";
+        std::u16string name = u"Harbour Lights S" + number(episode / 24 + 1, count > 2'376 ? 5 : 2) + u"E" +
+            number(episode % 24 + 1, 2) + u" -";
         for (std::size_t left = 2 + random.below(3); left > 0; --left)
             name.append(u" ").append(random.one_of(words));
         names.push_back(name + u" 1080p.mkv");

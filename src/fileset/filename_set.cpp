@@ -298,37 +298,42 @@ void FilenameSet::find_each(const Filename* previous, std::span<const std::u16st
                             std::span<Filename*> found) const
 {
     Filename* next = begin() + (previous == nullptr ? 0 : previous - begin() + 1);
-    std::size_t done = 0;
-    while (done < names.size() && next != end() && next->name == names[done])
-        found[done++] = next++;
-    if (done == names.size())
-        return;
-    // What a look-up needs is fetched for some names at once, step by step: a slot, a record, a name.
+    for (std::size_t done = 0; done < names.size();) {
+        if (next != end() && next->name == names[done]) {
+            found[done++] = next++;
+            continue;
+        }
+        const std::size_t count = std::min(names_at_once, names.size() - done);
+        find_by_hash(names.subspan(done, count), found.subspan(done, count));
+        done += count;
+        next = found[done - 1] == nullptr ? end() : found[done - 1] + 1;
+    }
+}
+
+// What a look-up needs is fetched for some names at once, step by step: a slot, a record, a name.
+void FilenameSet::find_by_hash(std::span<const std::u16string_view> names, std::span<Filename*> found) const
+{
     const NameIndex& places = index();
     const auto any = [](std::uint32_t) { return true; };
     std::array<std::uint64_t, names_at_once> hashes{};
     std::array<std::uint32_t, names_at_once> guesses{};
-    for (; done < names.size(); done += names_at_once) {
-        const std::size_t count = std::min(names_at_once, names.size() - done);
-        for (std::size_t i = 0; i < count; ++i) {
-            hashes[i] = identity_hash(names[done + i]);
-            places.prefetch(hashes[i]);
-        }
-        for (std::size_t i = 0; i < count; ++i) {
-            guesses[i] = places.find(hashes[i], any);
-            if (guesses[i] != NameIndex::none)
-                __builtin_prefetch(&entries_[guesses[i]]);
-        }
-        for (std::size_t i = 0; i < count; ++i) {
-            if (guesses[i] != NameIndex::none)
-                __builtin_prefetch(entries_[guesses[i]].name.data());
-        }
-        for (std::size_t i = 0; i < count; ++i) {
-            const std::u16string_view name = names[done + i];
-            const std::uint32_t place =
-                places.find(hashes[i], [&](std::uint32_t at) { return are_one_name(entries_[at].name, name); });
-            found[done + i] = place == NameIndex::none ? nullptr : &entries_[place];
-        }
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        hashes[i] = identity_hash(names[i]);
+        places.prefetch(hashes[i]);
+    }
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        guesses[i] = places.find(hashes[i], any);
+        if (guesses[i] != NameIndex::none)
+            __builtin_prefetch(&entries_[guesses[i]]);
+    }
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        if (guesses[i] != NameIndex::none)
+            __builtin_prefetch(entries_[guesses[i]].name.data());
+    }
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        const auto is_same = [&](std::uint32_t at) { return are_one_name(entries_[at].name, names[i]); };
+        const std::uint32_t place = places.find(hashes[i], is_same);
+        found[i] = place == NameIndex::none ? nullptr : &entries_[place];
     }
 }
 

@@ -85,6 +85,8 @@ public:
     [[nodiscard]] Filename& operator[](std::size_t place) const noexcept { return entries_[place]; }
 
 private:
+    // At most as many names as are looked up at once.
+    void find_by_hash(std::span<const std::u16string_view> names, std::span<Filename*> found) const;
     void add(const FolderEntries& entries, const FolderEntries::Row& row, std::u16string_view name);
 
     TextStore names_;
