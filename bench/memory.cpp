@@ -4,6 +4,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "no_rename.h"
 #include "run/rename_run.h"
 
 namespace multirename {
@@ -38,14 +39,6 @@ public:
 
 private:
     std::size_t count_;
-};
-
-class NoRename final : public RenameProgress {
-public:
-    void announce() override { }
-    bool is_cancelled() override { return false; }
-    void rename(OwnerWindow, std::span<const Filename* const> entries) override { count = entries.size(); }
-    std::size_t count = 0;
 };
 
 // Of this program alone: what `getrusage` tells goes over to the program that takes its place.

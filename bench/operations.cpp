@@ -9,6 +9,7 @@
 #include <stdexcept>
 #include <unordered_set>
 
+#include "no_rename.h"
 #include "pattern/mode_patterns.h"
 
 namespace multirename {
@@ -152,15 +153,6 @@ double mode_change(Listing& listing)
     });
     return is_changed ? seconds : 0;
 }
-
-/// Takes the plan and does nothing with it.
-class NoRename final : public RenameProgress {
-public:
-    void announce() override { }
-    bool is_cancelled() override { return false; }
-    void rename(OwnerWindow, std::span<const Filename* const> entries) override { count = entries.size(); }
-    std::size_t count = 0;
-};
 
 double plan(Listing& listing)
 {
