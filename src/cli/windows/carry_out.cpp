@@ -46,13 +46,13 @@ std::wstring list_of(std::span<const JournalEntry> moves, std::string JournalEnt
 
 } // namespace
 
-void carry_out(const MoveList& list, MoveObserver& observer)
+void carry_out(const MoveList& moves, MoveObserver& observer)
 {
-    if (list.size() == 0 || observer.should_stop())
+    if (moves.size() == 0 || observer.should_stop())
         return;
-    const std::vector<JournalEntry> moves = all_of(list);
-    const std::wstring sources = list_of(moves, &JournalEntry::old_name);
-    const std::wstring targets = list_of(moves, &JournalEntry::new_name);
+    const std::vector<JournalEntry> entries = all_of(moves);
+    const std::wstring sources = list_of(entries, &JournalEntry::old_name);
+    const std::wstring targets = list_of(entries, &JournalEntry::new_name);
     SHFILEOPSTRUCTW request = {};
     request.wFunc = FO_MOVE;
     request.pFrom = sources.c_str();
@@ -62,8 +62,8 @@ void carry_out(const MoveList& list, MoveObserver& observer)
     const int result = SHFileOperationW(&request);
     const std::error_code error(result != 0 ? result : ERROR_CANCELLED, std::system_category());
     // The shell tells nothing useful of a batch that it did in part.
-    const std::vector<bool> happened = what_happened(moves, names_in);
-    for (std::size_t i = 0; i < moves.size(); ++i)
+    const std::vector<bool> happened = what_happened(entries, names_in);
+    for (std::size_t i = 0; i < entries.size(); ++i)
         observer.moved(i, happened[i] ? std::error_code() : error);
 }
 
