@@ -10,8 +10,9 @@
 #include "fileset/filename.h"
 #include "fileset/rename_folder.h"
 #include "fileset/scope_filter.h"
+#include "fileset/text_store.h"
 #include "platform/disk.h"
-#include "text/text_store.h"
+#include "platform/large_memory.h"
 
 namespace multirename {
 
@@ -45,7 +46,7 @@ public:
     bool any_read_only_change = false; ///< as far as is known without asking for details
     bool has_plain_file = false; ///< some listed entry is not a folder
     /// The listed entries in the order of the host's paths; a path given twice stands twice and shares one record.
-    std::vector<Filename*> listed;
+    LargeVector<Filename*> listed;
     /// The texts of new names that were pasted, and of those that were made, which are all made again on each change.
     TextStore pasted_names;
     TextStore made_names;

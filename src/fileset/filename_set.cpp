@@ -77,16 +77,17 @@ public:
 
     [[nodiscard]] bool is_sorted() const
     {
-        const auto sorts_before = [this](const auto& a, const auto& b) {
-            return compare_names(a.name, b.name, tells_case_apart_) < 0;
-        };
-        return std::is_sorted(rows_.begin(), rows_.end(), sorts_before);
+        for (std::size_t i = 1; i < rows_.size(); ++i) {
+            if (compare_names(rows_[i - 1].name, rows_[i].name, tells_case_apart_) > 0)
+                return false;
+        }
+        return true;
     }
 
     // The numbers of the names in their order; equal ones stay in theirs.
-    std::vector<SortItem> sorted()
+    LargeVector<SortItem> sorted()
     {
-        std::vector<SortItem> items(rows_.size());
+        LargeVector<SortItem> items(rows_.size());
         for (std::size_t i = 0; i < items.size(); ++i)
             items[i].row = static_cast<std::uint32_t>(i);
         spare_.resize(items.size());
@@ -200,7 +201,7 @@ private:
 
     const Rows& rows_;
     bool tells_case_apart_;
-    std::vector<SortItem> spare_;
+    LargeVector<SortItem> spare_;
 };
 
 } // namespace
@@ -234,15 +235,15 @@ FilenameSet::FilenameSet(FolderEntries entries, bool tells_case_apart) : tells_c
     KeySorter sorter(rows, tells_case_apart);
     if (sorter.is_sorted()) {
         names_ = std::move(entries.names_);
-        for (const auto& row : rows)
-            add(entries, row, row.name);
+        for (std::size_t i = 0; i < rows.size(); ++i)
+            add(entries, rows[i], rows[i].name);
         return;
     }
     std::size_t units = 0;
-    for (const auto& row : rows)
-        units += row.name.size();
+    for (std::size_t i = 0; i < rows.size(); ++i)
+        units += rows[i].name.size();
     names_ = TextStore(units);
-    const std::vector<SortItem> sorted = sorter.sorted();
+    const LargeVector<SortItem> sorted = sorter.sorted();
     for (std::size_t i = 0; i < sorted.size(); ++i) {
         if (i + 2 * names_ahead < sorted.size())
             __builtin_prefetch(&rows[sorted[i + 2 * names_ahead].row]);
@@ -262,14 +263,24 @@ void FilenameSet::add(const FolderEntries& entries, const FolderEntries::Row& ro
     entries.fill(entry, row);
 }
 
+// Hashes are made some names ahead, so that the memory they lead to is there when it is needed.
 const NameIndex& FilenameSet::index() const
 {
-    if (!index_) {
-        index_.emplace(entries_.size());
-        for (std::uint32_t place = 0; place < entries_.size(); ++place)
-            index_->find_or_add(identity_hash(entries_[place].name), place, [](std::uint32_t) { return false; });
+    if (index_)
+        return *index_;
+    NameIndex& index = index_.emplace(entries_.size());
+    const auto never = [](std::uint32_t) { return false; };
+    std::array<std::uint64_t, names_at_once> hashes{};
+    for (std::size_t first = 0; first < entries_.size(); first += hashes.size()) {
+        const std::size_t count = std::min(hashes.size(), entries_.size() - first);
+        for (std::size_t i = 0; i < count; ++i) {
+            hashes[i] = identity_hash(entries_[first + i].name);
+            index.prefetch(hashes[i]);
+        }
+        for (std::size_t i = 0; i < count; ++i)
+            index.find_or_add(hashes[i], static_cast<std::uint32_t>(first + i), never);
     }
-    return *index_;
+    return index;
 }
 
 int FilenameSet::compare(std::u16string_view a, std::u16string_view b) const noexcept

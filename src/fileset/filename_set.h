@@ -2,16 +2,17 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <deque>
 #include <optional>
 #include <span>
 #include <string_view>
 #include <vector>
 
+#include "fileset/block_list.h"
 #include "fileset/filename.h"
 #include "fileset/name_index.h"
+#include "fileset/text_store.h"
 #include "platform/disk.h"
-#include "text/text_store.h"
+#include "platform/large_memory.h"
 
 namespace multirename {
 
@@ -39,8 +40,8 @@ private:
     void fill(Filename& entry, const Row& row) const;
 
     TextStore names_;
-    std::deque<Row> rows_; // grows without moving what it holds
-    std::deque<Details> details_;
+    BlockList<Row> rows_;
+    BlockList<Details> details_;
 };
 
 /// The entries of a folder, sorted by their keys code unit by code unit: no natural order of digit runs, no locale. No
@@ -91,7 +92,7 @@ private:
 
     TextStore names_;
     // Who has the set may change the records, not which there are.
-    mutable std::vector<Filename> entries_;
+    mutable LargeVector<Filename> entries_;
     mutable std::optional<NameIndex> index_;
     bool tells_case_apart_ = false;
 };

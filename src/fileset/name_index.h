@@ -2,7 +2,8 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <vector>
+
+#include "platform/large_memory.h"
 
 namespace multirename {
 
@@ -63,7 +64,7 @@ private:
         return at;
     }
 
-    std::vector<Slot> slots_;
+    LargeVector<Slot> slots_;
 };
 
 } // namespace multirename

@@ -10,6 +10,7 @@
 #include "fileset/filename.h"
 #include "fileset/filename_set.h"
 #include "platform/disk.h"
+#include "platform/large_memory.h"
 
 namespace multirename {
 
@@ -22,7 +23,7 @@ struct RenameFolder {
     std::shared_ptr<FilenameSet> entries; ///< null until the folder is first listed
     bool tells_case_apart = false; ///< names that differ only in case are different names here
     std::error_code listing_error; ///< why the folder could not be read, when it could not
-    std::vector<Filename*> rename_order; ///< the entries to rename, in an order that is safe
+    LargeVector<Filename*> rename_order; ///< the entries to rename, in an order that is safe
     std::uint64_t next_sequence = 0; ///< what the next entry of this folder in the names list is numbered
 
     /// Lists the folder into a new set that replaces the old one. Entries that were listed by the host stay so; all

@@ -5,9 +5,9 @@
 
 #include "fileset/filename.h"
 #include "fileset/tags.h"
+#include "fileset/text_store.h"
 #include "pattern/match_name.h"
 #include "pattern/name_pattern.h"
-#include "text/text_store.h"
 
 namespace multirename {
 

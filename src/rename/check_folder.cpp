@@ -14,6 +14,7 @@
 #include <optional>
 #include <vector>
 
+#include "platform/large_memory.h"
 #include "rename/rename_order.h"
 
 namespace multirename {
@@ -209,8 +210,8 @@ private:
 
     RenameFolder& folder_;
     FilenameSet& entries_;
-    std::vector<Candidate> candidates_; // in the order of their places
-    std::vector<std::uint64_t> hashes_; // of their new names
+    LargeVector<Candidate> candidates_; // in the order of their places
+    LargeVector<std::uint64_t> hashes_; // of their new names
     bool is_sorted_ = true; // the new names as the folder's names are, no two of them one
     bool is_any_refused_ = false;
     bool has_holders_ = false;

@@ -5,6 +5,7 @@
 #include <map>
 #include <random>
 #include <set>
+#include <span>
 
 #include "fileset/testing/test_files.h"
 #include "platform/name_key.h"
@@ -41,7 +42,7 @@ std::unique_ptr<TestFiles> folder_with(const std::vector<Wish>& wishes)
     return test;
 }
 
-Names names_of(const std::vector<Filename*>& entries)
+Names names_of(std::span<Filename* const> entries)
 {
     Names names;
     for (const Filename* entry : entries)

@@ -171,7 +171,7 @@ private:
     FileSet& files_;
     RememberedBoxes& remembered_;
     MessageSource texts_;
-    std::vector<Filename*> rows_;
+    LargeVector<Filename*> rows_;
     std::optional<RememberedMatches>
         matches_; // of the names in scope with the current pattern, while these are the same
     ModePatterns modes_;

@@ -1,4 +1,4 @@
-#include "text/text_store.h"
+#include "fileset/text_store.h"
 
 #include <gtest/gtest.h>
 

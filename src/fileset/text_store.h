@@ -2,9 +2,10 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <memory>
 #include <string_view>
 #include <vector>
+
+#include "platform/large_memory.h"
 
 namespace multirename {
 
@@ -38,10 +39,11 @@ public:
 
 private:
     struct Block {
-        std::unique_ptr<char16_t[]> units;
+        LargeArray<char16_t> units;
         std::size_t size = 0;
     };
-    static constexpr std::size_t usual_size = 32'768;
+    static constexpr std::size_t smallest_size = 32'768;
+    static constexpr std::size_t largest_size = std::size_t{1} << 22U;
 
     // Room for so many units after those in use.
     char16_t* reserve(std::size_t length)
@@ -51,15 +53,12 @@ private:
             used_ = 0;
         }
         if (current_ == blocks_.size())
-            add_block(std::max(usual_size, length));
+            add_block(
+                std::max(length, blocks_.empty() ? smallest_size : std::min(2 * blocks_.back().size, largest_size)));
         return blocks_[current_].units.get() + used_;
     }
 
-    void add_block(std::size_t size)
-    {
-        blocks_.push_back(
-            {std::unique_ptr<char16_t[]>(new char16_t[size]), size}); // not zeroed: filled up to used_ only
-    }
+    void add_block(std::size_t size) { blocks_.push_back({make_large_array<char16_t>(size), size}); }
 
     std::vector<Block> blocks_;
     std::size_t current_ = 0; // the block that texts are added to
