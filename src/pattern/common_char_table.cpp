@@ -80,15 +80,14 @@ CommonCharTable::Candidates CommonCharTable::surviving(const SlicedNames& texts,
     std::uint64_t no_longer_judged = 0;
     for (std::size_t i = 0; i < texts.size() && (alive & ~no_longer_judged) != 0; ++i) {
         texts.load_ahead(i);
-        std::uint64_t held = 0;
-        std::uint32_t units = 0;
-        for (const char16_t unit : texts[i]) {
-            held |= bits_of[class_of_[unit]];
-            units |= unit;
-        }
-        if (units < narrow_count)
+        const std::u16string_view text = texts[i];
+        if ((high_ones & ~no_longer_judged) != 0 && std::all_of(text.begin(), text.end(), is_narrow))
             no_longer_judged = high_ones;
-        alive &= held | no_longer_judged;
+        // Most texts show soon that they hold what those before them share.
+        std::uint64_t missing = alive & ~no_longer_judged;
+        for (auto unit = text.begin(); missing != 0 && unit != text.end(); ++unit)
+            missing &= ~bits_of[class_of_[*unit]];
+        alive &= ~missing;
     }
 
     is_empty_ = is_empty_ && (alive & ~no_longer_judged) == 0;
@@ -102,8 +101,18 @@ CommonCharTable::Candidates CommonCharTable::surviving(const SlicedNames& texts,
     return survivors;
 }
 
+// One character, and the only one of its class.
+bool CommonCharTable::is_known_in_all(std::u16string_view run, std::uint64_t held_classes) const noexcept
+{
+    if (run.size() != 1 || !is_narrow(run.front()) || run.front() == number_mark || classes_are_shared_)
+        return false;
+    const std::uint8_t character_class = class_of(run.front());
+    return character_class <= class_count && (held_classes & bit(character_class) & ~bit(no_candidate)) != 0;
+}
+
 void CommonCharTable::classify(const Candidates& common, bool are_high_ones_common)
 {
+    classes_are_shared_ = common.size() > class_count;
     std::fill(class_of_.begin(), class_of_.begin() + narrow_count, no_candidate);
     if (are_high_ones_common)
         std::fill(class_of_.begin() + narrow_count, class_of_.end(), high_class);

@@ -28,6 +28,10 @@ public:
     /// digits common they are one class, which the number mark has too.
     [[nodiscard]] std::uint8_t class_of(char16_t unit) const noexcept { return class_of_[unit]; }
 
+    /// True when it is known without looking that each of some texts, parts of those that this was made of, holds the
+    /// run. `held_classes` has a bit for each class of which all of them hold a character.
+    [[nodiscard]] bool is_known_in_all(std::u16string_view run, std::uint64_t held_classes) const noexcept;
+
 private:
     using Candidates = std::vector<char16_t>;
 
@@ -36,6 +40,7 @@ private:
 
     bool is_empty_ = true;
     bool digits_common_ = false;
+    bool classes_are_shared_ = false; // there are more common characters than classes for them
     std::vector<std::uint8_t> class_of_; // for each character
 };
 

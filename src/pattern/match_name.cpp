@@ -9,6 +9,7 @@
 
 #include "fileset/filename.h"
 #include "text/decimal.h"
+#include "text/find_text.h"
 #include "text/shared_front.h"
 
 namespace multirename {
@@ -77,8 +78,7 @@ std::size_t NameMatcher::length_taken(const NamePart& part, std::size_t place) c
     const std::size_t left = text_.size() - place;
     if (part.kind == NamePartKind::Text) {
         const std::size_t length = part.matchText.size();
-        const bool fits =
-            length <= left && std::memcmp(text_.data() + place, part.matchText.data(), length * sizeof(char16_t)) == 0;
+        const bool fits = length <= left && shared_front(part.matchText, text_.substr(place)) == length;
         return fits ? length : nothing;
     }
     if (part.kind == NamePartKind::Number) {
@@ -114,7 +114,7 @@ std::size_t NameMatcher::first_end_worth_trying(std::size_t part, std::size_t pl
         return *behind <= text_.size() && text_.size() - *behind >= place ? text_.size() - *behind : nowhere;
     const NamePart& next = parts_[part + 1];
     if (next.kind == NamePartKind::Text && !next.matchText.empty())
-        return std::min(text_.find(next.matchText, place), nowhere);
+        return std::min(find_text(next.matchText, text_, place), nowhere);
     if (next.kind == NamePartKind::Text && parts_[part + 2].kind == NamePartKind::Number) {
         const auto from = text_.begin() + static_cast<std::ptrdiff_t>(place);
         const auto digit = std::find_if(from, text_.end(), is_digit);

@@ -14,6 +14,7 @@
 #include "pattern/common_char_table.h"
 #include "pattern/number_run.h"
 #include "pattern/text_run.h"
+#include "text/find_text.h"
 
 namespace multirename {
 
@@ -23,21 +24,12 @@ using Slices = std::vector<Slice>;
 
 std::uint64_t bit(std::uint8_t character_class) { return std::uint64_t{1} << character_class; }
 
-// The common characters of one text: how many there are, and which.
-struct CommonUnits {
-    std::uint32_t count = 0;
-    std::uint64_t classes = 0;
-};
-
-CommonUnits common_units_of(std::u16string_view text, const CommonCharTable& table)
+std::uint32_t count_common(std::u16string_view text, const CommonCharTable& table)
 {
-    CommonUnits units;
-    for (const char16_t unit : text) {
-        const std::uint8_t character_class = table.class_of(unit);
-        units.count += character_class != 0 ? 1U : 0U;
-        units.classes |= bit(character_class);
-    }
-    return units;
+    std::uint32_t count = 0;
+    for (const char16_t unit : text)
+        count += table[unit] ? 1U : 0U;
+    return count;
 }
 
 // What is known of a list of texts before it is searched.
@@ -45,15 +37,7 @@ class Summary {
 public:
     explicit Summary(const CommonCharTable& table) : table_(&table) { }
 
-    // Texts are added in the order of the list.
-    void add(const CommonUnits& units, std::size_t index)
-    {
-        shared_ &= units.classes;
-        judge(units.count, index);
-    }
-
-    // The same for a text whose common characters are counted already. Most texts show soon that they hold what those
-    // before them share.
+    // Texts are added in the order of the list. Most show soon that they hold what those before them share.
     void add(std::u16string_view text, std::uint32_t common_units, std::size_t index)
     {
         std::uint64_t missing = shared_;
@@ -63,12 +47,7 @@ public:
         judge(common_units, index);
     }
 
-    // False when no common character stands in all of the texts.
-    [[nodiscard]] bool may_share() const { return shared_ != 0; }
-    // The text with the fewest common characters, the first of such.
-    [[nodiscard]] std::size_t reference() const { return reference_; }
-
-private:
+    // The same for a text that is known to hold all that those before it share, or might as well.
     void judge(std::uint32_t common_units, std::size_t index)
     {
         if (common_units < fewest_) {
@@ -77,6 +56,14 @@ private:
         }
     }
 
+    // False when no common character stands in all of the texts.
+    [[nodiscard]] bool may_share() const { return shared_ != 0; }
+    // The classes of which every text holds a character.
+    [[nodiscard]] std::uint64_t shared_classes() const { return shared_; }
+    // The text with the fewest common characters, the first of such.
+    [[nodiscard]] std::size_t reference() const { return reference_; }
+
+private:
     const CommonCharTable* table_;
     std::uint64_t shared_ = ~bit(0); // the classes of common characters
     std::uint32_t fewest_ = std::numeric_limits<std::uint32_t>::max();
@@ -106,9 +93,8 @@ public:
         Summary summary(table_);
         for (std::size_t i = 0; i < texts.size(); ++i) {
             sliced.load_ahead(i);
-            const CommonUnits units = common_units_of(sliced[i], table_);
-            texts[i].common_units = units.count;
-            summary.add(units, i);
+            texts[i].common_units = count_common(sliced[i], table_);
+            summary.judge(texts[i].common_units, i);
         }
         return pattern(texts, summary);
     }
@@ -119,8 +105,8 @@ private:
     {
         std::u16string found;
         while (summary.may_share()) {
-            std::optional<Split> split = table_.digits_common() ? split_with_numbers(texts, summary.reference())
-                                                                : split_as_text(texts, summary.reference());
+            std::optional<Split> split =
+                table_.digits_common() ? split_with_numbers(texts, summary) : split_as_text(texts, summary);
             if (!split)
                 break;
             found += pattern(split->left, split->left_summary) + split->common;
@@ -130,16 +116,17 @@ private:
     }
 
     // Leaves the right parts in `texts`; nothing and the texts as they are when they share nothing.
-    std::optional<Split> split_as_text(Slices& texts, std::size_t reference) const
+    std::optional<Split> split_as_text(Slices& texts, const Summary& summary) const
     {
         const SlicedNames sliced(names_, texts);
-        TextRunSearch search(sliced, reference, table_);
+        TextRunSearch search(sliced, summary.reference(), table_);
         for (std::u16string_view guess = search.guess(); !guess.empty(); guess = search.guess()) {
             Split split(texts.size(), table_);
             split.common = guess;
-            const std::size_t stopped_at = split_at(guess, sliced, texts, split);
+            const bool is_held = table_.is_known_in_all(guess, summary.shared_classes());
+            const std::size_t stopped_at = split_at(guess, sliced, texts, split, is_held);
             if (stopped_at == texts.size()) {
-                for (std::size_t i = 0; i < texts.size(); ++i)
+                for (std::size_t i = 0; i < texts.size() && split.right_summary.may_share(); ++i)
                     texts[i] = right_of(texts[i], split.left[i], static_cast<std::uint32_t>(guess.size()));
                 return split;
             }
@@ -149,26 +136,31 @@ private:
     }
 
     // Gives the index of the first text that does not hold the run, or their number.
-    std::size_t split_at(std::u16string_view run, const SlicedNames& sliced, const Slices& texts, Split& split) const
+    std::size_t split_at(std::u16string_view run, const SlicedNames& sliced, const Slices& texts, Split& split,
+                         bool is_held) const
     {
         for (std::size_t i = 0; i < texts.size(); ++i) {
+            const bool noting = is_worth_noting(split);
+            if (is_held && !noting)
+                break;
             sliced.load_ahead(i);
-            const std::size_t start = find_run(run, sliced[i]);
+            const std::size_t start = find_text(run, sliced[i]);
             if (start == std::u16string_view::npos)
                 return i;
-            note(split, sliced[i], texts[i], {start, start + run.size()}, i);
+            if (noting)
+                note(split, sliced[i], texts[i], {start, start + run.size()}, i);
         }
         return texts.size();
     }
 
-    std::optional<Split> split_with_numbers(Slices& texts, std::size_t reference) const
+    std::optional<Split> split_with_numbers(Slices& texts, const Summary& summary) const
     {
         const SlicedNames sliced(names_, texts);
         Split split(texts.size(), table_);
-        split.common = longest_common_number_run(sliced, reference, table_);
+        split.common = longest_common_number_run(sliced, summary.reference(), table_, summary.shared_classes());
         if (split.common.empty())
             return std::nullopt;
-        for (std::size_t i = 0; i < texts.size(); ++i) {
+        for (std::size_t i = 0; i < texts.size() && is_worth_noting(split); ++i) {
             sliced.load_ahead(i);
             Occurrence found = find_number_run(split.common, sliced[i]);
             if (found.start == std::u16string_view::npos)
@@ -179,13 +171,19 @@ private:
         return split;
     }
 
+    // Parts that share nothing on either side are not split again, so that nobody asks where they are.
+    static bool is_worth_noting(const Split& split)
+    {
+        return split.left_summary.may_share() || split.right_summary.may_share();
+    }
+
     void note(Split& split, std::u16string_view text, Slice slice, Occurrence found, std::size_t index) const
     {
-        const CommonUnits before = common_units_of(text.substr(0, found.start), table_);
+        const std::u16string_view before = text.substr(0, found.start);
         Slice& left = split.left[index];
-        left = {slice.begin, slice.begin + static_cast<std::uint32_t>(found.start), before.count};
+        left = {slice.begin, slice.begin + static_cast<std::uint32_t>(found.start), count_common(before, table_)};
         const Slice right = right_of(slice, left, static_cast<std::uint32_t>(found.end - found.start));
-        split.left_summary.add(before, index);
+        split.left_summary.add(before, left.common_units, index);
         split.right_summary.add(text.substr(found.end), right.common_units, index);
     }
 

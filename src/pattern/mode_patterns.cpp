@@ -13,6 +13,20 @@ bool adds_extension(const NamePattern& base, const NamePattern& with_extension, 
     return extension != u".*" && with_extension.patternText == base.patternText + escape_hashes(extension);
 }
 
+// Where numbers are taken as text there are no number parts. A name that fits a pattern fits it with an extension that
+// all names share as well, and its numbers are the same, so that the names need not be matched once more.
+void set_base_numbers_from(const FileSet& files, const ListedNames& base_names, ModePatterns& modes)
+{
+    NamePattern& base = modes.patterns[ModePatterns::index(false, false)];
+    NamePattern& with_extension = modes.patterns[ModePatterns::index(false, true)];
+    const SmallestNumbers smallest = smallest_numbers(base_names.names, base);
+    set_base_numbers(base, smallest);
+    if (smallest.all_names_fit && adds_extension(base, with_extension, modes.extension_text))
+        set_base_numbers(with_extension, smallest);
+    else
+        computeBaseNumbers(files, with_extension);
+}
+
 } // namespace
 
 ModePatterns computeModePatterns(const FileSet& files, bool whole_names)
@@ -29,22 +43,13 @@ ModePatterns computeModePatterns(const FileSet& files, bool whole_names)
             ? parsePattern(pattern_of_names(whole.names, !as_text), whole.extensionText, NameMode::WholeName)
             : parsePattern(pattern, base.extensionText, NameMode::BaseWithExtensionPart);
     }
-    refresh_base_numbers(files, modes);
+    set_base_numbers_from(files, base, modes);
     return modes;
 }
 
-// Where numbers are taken as text there are no number parts. A name that fits a pattern fits it with an extension that
-// all names share as well, and its numbers are the same, so that the names need not be matched once more.
 void refresh_base_numbers(const FileSet& files, ModePatterns& modes)
 {
-    NamePattern& base = modes.patterns[ModePatterns::index(false, false)];
-    NamePattern& with_extension = modes.patterns[ModePatterns::index(false, true)];
-    const SmallestNumbers smallest = smallest_numbers(files, base);
-    set_base_numbers(base, smallest);
-    if (smallest.all_names_fit && adds_extension(base, with_extension, modes.extension_text))
-        set_base_numbers(with_extension, smallest);
-    else
-        computeBaseNumbers(files, with_extension);
+    set_base_numbers_from(files, collectNames(files, NameMode::BaseOnly), modes);
 }
 
 } // namespace multirename

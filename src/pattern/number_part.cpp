@@ -33,6 +33,40 @@ std::int64_t renumbered(const NamePart& part, std::u16string_view digits)
     return std::max<std::int64_t>(number, 0);
 }
 
+bool has_numbers(const NamePattern& pattern)
+{
+    return std::ranges::count(pattern.parts, NamePartKind::Number, &NamePart::kind) > 0;
+}
+
+// Goes on with what the pattern's number parts take from one name after the other.
+class SmallestNumberFinder {
+public:
+    SmallestNumberFinder(const NamePattern& pattern, SmallestNumbers& smallest) :
+        matcher_(pattern.parts), smallest_(smallest)
+    {
+    }
+
+    void add(std::u16string_view described_name)
+    {
+        const NameMatch& match = matcher_.match(described_name);
+        smallest_.all_names_fit = smallest_.all_names_fit && match.matched;
+        std::size_t slot = 0;
+        for (const PartCapture& capture : match.captures) {
+            if (capture.part->kind != NamePartKind::Number)
+                continue;
+            const std::int64_t number = read_decimal(capture.text);
+            if (slot == smallest_.numbers.size())
+                smallest_.numbers.push_back(number);
+            smallest_.numbers[slot] = std::min(smallest_.numbers[slot], number);
+            ++slot;
+        }
+    }
+
+private:
+    NameMatcher matcher_;
+    SmallestNumbers& smallest_;
+};
+
 } // namespace
 
 void append_number(std::u16string& name, const NamePart& part, std::u16string_view digits)
@@ -60,28 +94,14 @@ std::u16string formatNumberPart(const NamePart& part, std::u16string_view digits
     return number;
 }
 
-SmallestNumbers smallest_numbers(const FileSet& files, const NamePattern& pattern)
+SmallestNumbers smallest_numbers(std::span<const std::u16string_view> described_names, const NamePattern& pattern)
 {
     SmallestNumbers smallest;
-    if (std::ranges::count(pattern.parts, NamePartKind::Number, &NamePart::kind) == 0)
+    if (!has_numbers(pattern))
         return smallest;
-    NameMatcher matcher(pattern.parts);
-    files.for_each_entry([&](const Filename& entry) {
-        if (entry.not_listed)
-            return;
-        const NameMatch& match = matcher.match(described_name(pattern, entry.name));
-        smallest.all_names_fit = smallest.all_names_fit && match.matched;
-        std::size_t slot = 0;
-        for (const PartCapture& capture : match.captures) {
-            if (capture.part->kind != NamePartKind::Number)
-                continue;
-            const std::int64_t number = read_decimal(capture.text);
-            if (slot == smallest.numbers.size())
-                smallest.numbers.push_back(number);
-            smallest.numbers[slot] = std::min(smallest.numbers[slot], number);
-            ++slot;
-        }
-    });
+    SmallestNumberFinder finder(pattern, smallest);
+    for (const std::u16string_view name : described_names)
+        finder.add(name);
     return smallest;
 }
 
@@ -100,7 +120,15 @@ bool set_base_numbers(NamePattern& pattern, const SmallestNumbers& smallest)
 
 bool computeBaseNumbers(const FileSet& files, NamePattern& pattern)
 {
-    return set_base_numbers(pattern, smallest_numbers(files, pattern));
+    SmallestNumbers smallest;
+    if (!has_numbers(pattern))
+        return false;
+    SmallestNumberFinder finder(pattern, smallest);
+    files.for_each_entry([&](const Filename& entry) {
+        if (!entry.not_listed)
+            finder.add(described_name(pattern, entry.name));
+    });
+    return set_base_numbers(pattern, smallest);
 }
 
 } // namespace multirename

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -23,15 +24,16 @@ void append_number(std::u16string& name, const NamePart& part, std::u16string_vi
 /// that takes none keeps the one it has. True when any changed.
 bool computeBaseNumbers(const FileSet& files, NamePattern& pattern);
 
-/// The smallest number that each number part captures among the listed names, in the order of the parts; fewer when no
-/// name gave the last ones anything.
+/// The smallest number that each number part captures among some names, in the order of the parts; fewer when no name
+/// gave the last ones anything.
 struct SmallestNumbers {
     std::vector<std::int64_t> numbers;
     bool all_names_fit = true;
 };
 
-/// What `computeBaseNumbers` sets, without setting it.
-[[nodiscard]] SmallestNumbers smallest_numbers(const FileSet& files, const NamePattern& pattern);
+/// What `computeBaseNumbers` sets, without setting it, for a list of names as far as the pattern describes them.
+[[nodiscard]] SmallestNumbers smallest_numbers(std::span<const std::u16string_view> described_names,
+                                               const NamePattern& pattern);
 
 /// Sets the base numbers of the parts for which there is a number; true when any of them changed.
 bool set_base_numbers(NamePattern& pattern, const SmallestNumbers& smallest);

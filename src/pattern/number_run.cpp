@@ -198,9 +198,11 @@ private:
 
 class NumberRunSearch {
 public:
-    NumberRunSearch(const SlicedNames& texts, std::size_t reference, const CommonCharTable& table) :
+    NumberRunSearch(const SlicedNames& texts, std::size_t reference, const CommonCharTable& table,
+                    std::uint64_t held_classes) :
         texts_(texts),
         table_(table),
+        held_classes_(held_classes),
         reference_(texts[reference]),
         count_(static_cast<std::uint32_t>(texts.size())),
         bounds_(reference_, table),
@@ -248,7 +250,10 @@ private:
             piece.text.push_back(reference_[i]);
             piece.ends.push_back(static_cast<std::uint32_t>(i - start + 1));
         }
-        refine(std::move(piece), 0);
+        if (table_.is_known_in_all(piece.text, held_classes_))
+            take_if_longer(piece);
+        else
+            refine(std::move(piece), 0);
     }
 
     // Cuts the piece down to what all texts from `text` on hold of it, and its copies with more number marks. Gives the
@@ -292,8 +297,7 @@ private:
             piece.cut(length);
             return ++text;
         }
-        if (piece.weight() > threshold_)
-            take(piece);
+        take_if_longer(piece);
         return give_up(piece, count_);
     }
 
@@ -308,8 +312,10 @@ private:
         return std::min(piece.weight(), bounds_[start_]) <= threshold_;
     }
 
-    void take(const Piece& piece)
+    void take_if_longer(const Piece& piece)
     {
+        if (piece.weight() <= threshold_)
+            return;
         best_ = piece.text;
         best_weight_ = piece.weight();
         best_start_ = start_;
@@ -371,6 +377,7 @@ private:
 
     const SlicedNames& texts_;
     const CommonCharTable& table_;
+    std::uint64_t held_classes_; // of which every text holds a character
     std::u16string_view reference_;
     std::uint32_t count_; // of the texts
     PlaceBounds bounds_;
@@ -389,9 +396,10 @@ private:
 
 } // namespace
 
-std::u16string longest_common_number_run(const SlicedNames& texts, std::size_t reference, const CommonCharTable& table)
+std::u16string longest_common_number_run(const SlicedNames& texts, std::size_t reference, const CommonCharTable& table,
+                                         std::uint64_t held_classes)
 {
-    return NumberRunSearch(texts, reference, table).result();
+    return NumberRunSearch(texts, reference, table, held_classes).result();
 }
 
 Occurrence find_number_run(std::u16string_view run, std::u16string_view text) noexcept

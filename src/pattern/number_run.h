@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -11,9 +12,10 @@ namespace multirename {
 
 /// The longest run that all texts hold when a number mark in it stands for a run of digits; a number counts as long as
 /// its digits in the reference, one of the texts. Empty when nothing is common. Searches follow the order of the texts,
-/// and the first of equally long runs comes out.
+/// and the first of equally long runs comes out. `held_classes` has a bit for each class of which every text is known
+/// to hold a character.
 [[nodiscard]] std::u16string longest_common_number_run(const SlicedNames& texts, std::size_t reference,
-                                                       const CommonCharTable& table);
+                                                       const CommonCharTable& table, std::uint64_t held_classes);
 
 struct Occurrence {
     std::size_t start = std::u16string_view::npos; ///< npos when there is none

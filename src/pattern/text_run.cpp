@@ -6,13 +6,10 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstring>
 
 namespace multirename {
 
 namespace {
-
-constexpr std::size_t nowhere = std::u16string_view::npos;
 
 RunBounds::Classes classes_of(std::u16string_view text, const CommonCharTable& table)
 {
@@ -20,31 +17,6 @@ RunBounds::Classes classes_of(std::u16string_view text, const CommonCharTable& t
     for (const char16_t unit : text)
         classes.push_back(table.class_of(unit));
     return classes;
-}
-
-template <class Word>
-Word word_at(const char16_t* units)
-{
-    Word word{};
-    std::memcpy(&word, units, sizeof word);
-    return word;
-}
-
-// Compares the first units of the run as one word; the run is at least that long.
-template <class Word>
-std::size_t find_by_word(std::u16string_view run, std::u16string_view text)
-{
-    constexpr std::size_t units = sizeof(Word) / sizeof(char16_t);
-    if (text.size() < run.size())
-        return nowhere;
-    const Word first = word_at<Word>(run.data());
-    const std::u16string_view rest = run.substr(units);
-    const char16_t* const last = text.data() + (text.size() - run.size());
-    for (const char16_t* at = text.data(); at <= last; ++at) {
-        if (word_at<Word>(at) == first && std::equal(rest.begin(), rest.end(), at + units))
-            return static_cast<std::size_t>(at - text.data());
-    }
-    return nowhere;
 }
 
 // How much of `run`, from its front, stands somewhere in the text.
@@ -60,15 +32,6 @@ std::size_t length_found(std::u16string_view run, std::u16string_view text)
 }
 
 } // namespace
-
-std::size_t find_run(std::u16string_view run, std::u16string_view text) noexcept
-{
-    if (run.size() >= 4)
-        return find_by_word<std::uint64_t>(run, text);
-    if (run.size() >= 2)
-        return find_by_word<std::uint32_t>(run, text);
-    return find_by_word<std::uint16_t>(run, text);
-}
 
 TextRunSearch::TextRunSearch(const SlicedNames& texts, std::size_t reference, const CommonCharTable& table) :
     texts_(texts),

@@ -10,9 +10,6 @@
 
 namespace multirename {
 
-/// Where `run`, which is not empty, first stands in the text; npos when it does not.
-[[nodiscard]] std::size_t find_run(std::u16string_view run, std::u16string_view text) noexcept;
-
 /// The search for the longest run of common characters that all texts hold, the first such of the reference. It guesses
 /// from some texts; who reads them all says where a guess is wrong. A guess that stands in all texts is the answer.
 class TextRunSearch {
