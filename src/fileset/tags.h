@@ -23,10 +23,10 @@ struct CapturedText {
 /// |---|---|
 /// | <D> <D:format> | the last write, in the format of `date_format`, by default yyyymmdd |
 /// | <C> <C:format> | the creation, likewise |
-/// | <S> <S:digits unit> | the size: bytes, B or K kilobytes, M megabytes, G gigabytes, A whichever fits and its letter
-/// | | <F> | the folder's name; nothing for the root of a drive | | <N:k> | the k-th numbered captured text; nothing
-/// when there are fewer | | <start,step:digits F> | a running number, all but the start optional; with F anew in each
-/// folder |
+/// | <S> <S:digits unit> | the size in bytes, B or K kilobytes, M megabytes, G gigabytes, A what fits, with letter |
+/// | <F> | the folder's name; nothing for the root of a drive |
+/// | <N:k> | the k-th numbered captured text; nothing when there are fewer |
+/// | <start,step:digits F> | a running number, all but the start optional; with F anew in each folder |
 ///
 /// Letters count in either case. A date that cannot be told gives nothing and is well formed all the same. Numbers
 /// saturate at 64 bits.
