@@ -18,21 +18,27 @@ namespace {
 
 constexpr std::size_t most_digits = 260;
 
-constexpr std::size_t nothing = SIZE_MAX; // could be taken
-
-bool can_take_more(const NamePart& part) { return part.kind == NamePartKind::Wild && !part.fixedLength; }
+constexpr std::size_t nowhere = SIZE_MAX;
 
 } // namespace
 
-NameMatcher::NameMatcher(const std::vector<NamePart>& parts) : parts_(parts), length_behind_(parts.size())
+NameMatcher::NameMatcher(const std::vector<NamePart>& parts) : steps_(parts.size())
 {
-    std::optional<std::size_t> length = 0;
-    for (std::size_t part = parts.size(); part-- > 0;) {
-        length_behind_[part] = length;
-        if (parts[part].kind != NamePartKind::Text)
-            length.reset();
-        if (length)
-            *length += parts[part].matchText.size();
+    std::size_t length = 0;
+    for (std::size_t i = parts.size(); i-- > 0;) {
+        const NamePart& part = parts[i];
+        Step& step = steps_[i];
+        step.part = &part;
+        step.kind = part.kind;
+        step.can_take_more = part.kind == NamePartKind::Wild && !part.fixedLength;
+        step.must_start_with_dot = part.mustStartWithDot;
+        step.shortest = static_cast<std::size_t>(std::max(part.minLength, 0));
+        step.text = part.matchText;
+        step.length_behind = length;
+        if (part.kind != NamePartKind::Text)
+            length = unknown;
+        else if (length != unknown)
+            length += part.matchText.size();
     }
     match_.captures.reserve(parts.size());
 }
@@ -42,9 +48,9 @@ const NameMatch& NameMatcher::match(std::u16string_view text)
     match_.text = text_ = text;
     part_ = 0;
     place_ = 0;
-    first_wild_ = parts_.size();
-    last_wild_.part = parts_.size();
-    match_.captures.resize(parts_.size());
+    first_wild_ = steps_.size();
+    last_wild_.part = steps_.size();
+    match_.captures.resize(steps_.size());
     match_.matched = match_onwards();
     while (!match_.matched && lengthen_last_wild())
         match_.matched = match_onwards();
@@ -57,47 +63,57 @@ const NameMatch& NameMatcher::match(std::u16string_view text)
 bool NameMatcher::match_onwards()
 {
     std::size_t place = place_;
-    for (; part_ < parts_.size(); ++part_) {
-        const NamePart& part = parts_[part_];
-        const std::size_t length = length_taken(part, place);
-        if (length == nothing)
+    for (; part_ < steps_.size(); ++part_) {
+        const std::size_t end = end_of(part_, place);
+        if (end == nowhere)
             return false;
-        if (part.kind == NamePartKind::Wild) {
-            first_wild_ = std::min(first_wild_, part_);
-            if (can_take_more(part))
-                last_wild_ = {part_, place, place + length};
-        }
-        match_.captures[part_] = {&part, {text_.data() + place, length}};
-        place += length;
+        match_.captures[part_] = {steps_[part_].part, {text_.data() + place, end - place}};
+        place = end;
     }
     return place == text_.size();
 }
 
-std::size_t NameMatcher::length_taken(const NamePart& part, std::size_t place) const
+// Where the part ends that begins at `place`, a wild part as soon as it may; nowhere when the part does not fit.
+std::size_t NameMatcher::end_of(std::size_t part, std::size_t place)
 {
+    const Step& step = steps_[part];
     const std::size_t left = text_.size() - place;
-    if (part.kind == NamePartKind::Text) {
-        const std::size_t length = part.matchText.size();
-        const bool fits = length <= left && shared_front(part.matchText, text_.substr(place)) == length;
-        return fits ? length : nothing;
+    if (step.kind == NamePartKind::Text) {
+        const std::size_t length = step.text.size();
+        const bool fits = length <= left && shared_front(step.text, text_.substr(place)) == length;
+        return fits ? place + length : nowhere;
     }
-    if (part.kind == NamePartKind::Number) {
-        const std::size_t digits = std::min(end_of_digits(text_, place) - place, most_digits);
-        return digits > 0 ? digits : nothing;
+    if (step.kind == NamePartKind::Number) {
+        const std::size_t end = std::min(end_of_digits(text_, place), place + most_digits);
+        return end > place ? end : nowhere;
     }
-    const auto shortest = static_cast<std::size_t>(std::max(part.minLength, 0));
-    const bool fits = shortest <= left && (!part.mustStartWithDot || (left > 0 && text_[place] == u'.'));
-    return fits ? shortest : nothing;
+    return end_of_wild(part, place);
+}
+
+std::size_t NameMatcher::end_of_wild(std::size_t part, std::size_t place)
+{
+    const Step& step = steps_[part];
+    const std::size_t left = text_.size() - place;
+    const bool fits = step.shortest <= left && (!step.must_start_with_dot || (left > 0 && text_[place] == u'.'));
+    if (!fits)
+        return nowhere;
+    first_wild_ = std::min(first_wild_, part);
+    std::size_t end = place + step.shortest;
+    if (!step.can_take_more)
+        return end;
+    end = first_end_worth_trying(part, end);
+    last_wild_ = {part, place, std::min(end, text_.size())};
+    return end;
 }
 
 // Sets part and place behind the last wild part, which takes more than it did; false when it can take no more.
 bool NameMatcher::lengthen_last_wild()
 {
     OpenWild& wild = last_wild_;
-    if (wild.part == parts_.size() || wild.end == text_.size())
+    if (wild.part == steps_.size() || wild.end == text_.size())
         return false;
     wild.end = first_end_worth_trying(wild.part, wild.end + 1);
-    if (wild.end > text_.size())
+    if (wild.end == nowhere)
         return false;
     match_.captures[wild.part].text = text_.substr(wild.start, wild.end - wild.start);
     part_ = wild.part + 1;
@@ -105,17 +121,16 @@ bool NameMatcher::lengthen_last_wild()
     return true;
 }
 
-// Where a wild part may end, from `place` on, as far as what stands behind it tells that at once; beyond the text when
-// there is no such place.
+// Where a wild part may end, from `place` on, as far as what stands behind it tells that at once; nowhere when there is
+// no such place.
 std::size_t NameMatcher::first_end_worth_trying(std::size_t part, std::size_t place) const
 {
-    const std::size_t nowhere = text_.size() + 1;
-    if (const std::optional<std::size_t> behind = length_behind_[part])
-        return *behind <= text_.size() && text_.size() - *behind >= place ? text_.size() - *behind : nowhere;
-    const NamePart& next = parts_[part + 1];
-    if (next.kind == NamePartKind::Text && !next.matchText.empty())
-        return std::min(find_text(next.matchText, text_, place), nowhere);
-    if (next.kind == NamePartKind::Text && parts_[part + 2].kind == NamePartKind::Number) {
+    if (const std::size_t behind = steps_[part].length_behind; behind != unknown)
+        return behind <= text_.size() && text_.size() - behind >= place ? text_.size() - behind : nowhere;
+    const Step& next = steps_[part + 1];
+    if (next.kind == NamePartKind::Text && !next.text.empty())
+        return find_text(next.text, text_, place);
+    if (next.kind == NamePartKind::Text && steps_[part + 2].kind == NamePartKind::Number) {
         const auto from = text_.begin() + static_cast<std::ptrdiff_t>(place);
         const auto digit = std::find_if(from, text_.end(), is_digit);
         return digit == text_.end() ? nowhere : static_cast<std::size_t>(digit - text_.begin());

@@ -37,6 +37,18 @@ public:
     const NameMatch& match(std::u16string_view text);
 
 private:
+    static constexpr std::size_t unknown = SIZE_MAX;
+
+    // What matching needs of a part: parts themselves are too large to have many of them at hand.
+    struct Step {
+        const NamePart* part = nullptr;
+        NamePartKind kind = NamePartKind::Text;
+        bool can_take_more = false; // a wild part; others take what they take
+        bool must_start_with_dot = false;
+        std::size_t shortest = 0; // of a wild part
+        std::u16string_view text; // of a text part
+        std::size_t length_behind = unknown; // of all parts behind it, where these are texts alone
+    };
     struct OpenWild {
         std::size_t part = 0;
         std::size_t start = 0;
@@ -45,11 +57,11 @@ private:
 
     bool match_onwards();
     bool lengthen_last_wild();
-    [[nodiscard]] std::size_t length_taken(const NamePart& part, std::size_t place) const;
+    [[nodiscard]] std::size_t end_of(std::size_t part, std::size_t place);
+    [[nodiscard]] std::size_t end_of_wild(std::size_t part, std::size_t place);
     [[nodiscard]] std::size_t first_end_worth_trying(std::size_t part, std::size_t place) const;
 
-    const std::vector<NamePart>& parts_;
-    std::vector<std::optional<std::size_t>> length_behind_; // of all parts behind one, where these are texts alone
+    std::vector<Step> steps_;
     std::u16string_view text_;
     std::size_t part_ = 0;
     std::size_t place_ = 0;
