@@ -1,7 +1,7 @@
-// Parts are matched one after the other. A wild part first takes as little as it may; whenever something behind it
-// fails, the last wild part takes more and everything behind it is tried again. The wild parts before it need not be
-// tried again: with more text for them, what stands between two wild parts never ends earlier, and what the last one
-// can still take includes all that would be left to it then.
+// Parts are matched one after the other. A wild part first takes as little as the part behind it allows; whenever
+// something behind it fails, the last wild part takes more and everything behind it is tried again. The wild parts
+// before it need not be tried again: with more text for them, what stands between two wild parts never ends earlier,
+// and what the last one can still take includes all that would be left to it then.
 
 #include "pattern/match_name.h"
 
@@ -138,7 +138,7 @@ std::size_t NameMatcher::first_end_worth_trying(std::size_t part, std::size_t pl
     return place;
 }
 
-RememberedMatches::RememberedMatches(const std::vector<NamePart>& parts) : parts_(parts), matcher_(parts)
+RememberedMatches::RememberedMatches(const std::vector<NamePart>& parts) : matcher_(parts)
 {
     for (const NamePart& part : parts)
         bytes_per_name_ += part.kind == NamePartKind::Text ? 0U : 1U;

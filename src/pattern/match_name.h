@@ -87,7 +87,6 @@ public:
 private:
     void remember(const NameMatch& match, std::size_t text_length);
 
-    const std::vector<NamePart>& parts_;
     NameMatcher matcher_;
     std::size_t bytes_per_name_ = 1;
     std::vector<std::uint8_t> lengths_; // for each name whether they are known, then those of the parts

@@ -55,7 +55,7 @@ void append_wild(std::u16string& name, const NamePart& part, std::u16string_view
 } // namespace
 
 NewNameMaker::NewNameMaker(const NamePattern& pattern) :
-    pattern_(pattern), reads_details_(std::ranges::any_of(pattern.parts, reads_details))
+    reads_details_(std::ranges::any_of(pattern.parts, reads_details))
 {
     actions_.reserve(pattern.parts.size());
     for (const NamePart& part : pattern.parts)

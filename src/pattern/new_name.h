@@ -33,7 +33,6 @@ private:
     void put_kept();
     void put_expanded(const NamePart& part, const Filename& entry, const NameMatch& match);
 
-    const NamePattern& pattern_;
     std::vector<Action> actions_; // by part
     bool keeps_names_; // whatever matches comes out as it is
     bool reads_details_;

@@ -38,13 +38,10 @@ bool has_numbers(const NamePattern& pattern)
     return std::ranges::count(pattern.parts, NamePartKind::Number, &NamePart::kind) > 0;
 }
 
-// Goes on with what the pattern's number parts take from one name after the other.
+// Looks at what the pattern's number parts take from one name after the other.
 class SmallestNumberFinder {
 public:
-    SmallestNumberFinder(const NamePattern& pattern, SmallestNumbers& smallest) :
-        matcher_(pattern.parts), smallest_(smallest)
-    {
-    }
+    explicit SmallestNumberFinder(const NamePattern& pattern) : matcher_(pattern.parts) { }
 
     void add(std::u16string_view described_name)
     {
@@ -62,9 +59,11 @@ public:
         }
     }
 
+    [[nodiscard]] const SmallestNumbers& smallest() const { return smallest_; }
+
 private:
     NameMatcher matcher_;
-    SmallestNumbers& smallest_;
+    SmallestNumbers smallest_;
 };
 
 } // namespace
@@ -96,13 +95,12 @@ std::u16string formatNumberPart(const NamePart& part, std::u16string_view digits
 
 SmallestNumbers smallest_numbers(std::span<const std::u16string_view> described_names, const NamePattern& pattern)
 {
-    SmallestNumbers smallest;
     if (!has_numbers(pattern))
-        return smallest;
-    SmallestNumberFinder finder(pattern, smallest);
+        return {};
+    SmallestNumberFinder finder(pattern);
     for (const std::u16string_view name : described_names)
         finder.add(name);
-    return smallest;
+    return finder.smallest();
 }
 
 bool set_base_numbers(NamePattern& pattern, const SmallestNumbers& smallest)
@@ -120,15 +118,14 @@ bool set_base_numbers(NamePattern& pattern, const SmallestNumbers& smallest)
 
 bool computeBaseNumbers(const FileSet& files, NamePattern& pattern)
 {
-    SmallestNumbers smallest;
     if (!has_numbers(pattern))
         return false;
-    SmallestNumberFinder finder(pattern, smallest);
+    SmallestNumberFinder finder(pattern);
     files.for_each_entry([&](const Filename& entry) {
         if (!entry.not_listed)
             finder.add(described_name(pattern, entry.name));
     });
-    return set_base_numbers(pattern, smallest);
+    return set_base_numbers(pattern, finder.smallest());
 }
 
 } // namespace multirename
