@@ -2,55 +2,36 @@
 
 #include <rapidjson/writer.h>
 
-#include <array>
-#include <cstdio>
-
+#include "cli/escapes.h"
 #include "platform/native_text.h"
-#include "text/surrogates.h"
-#include "text/utf8.h"
 
 namespace multirename {
 
 namespace {
 
-void append_escape(std::string& quoted, char16_t unit, const char* form)
+char letter_for(char16_t unit)
 {
-    std::array<char, 8> text{};
-    std::snprintf(text.data(), text.size(), form, static_cast<unsigned>(unit));
-    quoted += text.data();
-}
-
-void append_well_formed(std::string& quoted, std::u16string_view text)
-{
-    for (const char byte : to_bytes(text)) {
-        switch (byte) {
-        case '"': quoted += "\\\""; break;
-        case '\\': quoted += "\\\\"; break;
-        case '\b': quoted += "\\b"; break;
-        case '\f': quoted += "\\f"; break;
-        case '\n': quoted += "\\n"; break;
-        case '\r': quoted += "\\r"; break;
-        case '\t': quoted += "\\t"; break;
-        default:
-            if (static_cast<unsigned char>(byte) < 0x20)
-                append_escape(quoted, static_cast<unsigned char>(byte), "\\u%04X");
-            else
-                quoted.push_back(byte);
-        }
+    switch (unit) {
+    case u'"': return '"';
+    case u'\\': return '\\';
+    case u'\b': return 'b';
+    case u'\f': return 'f';
+    case u'\n': return 'n';
+    case u'\r': return 'r';
+    case u'\t': return 't';
+    default: return '\0';
     }
 }
 
+// JSON would let some controls through that terminals obey; no half of a pair and no stray byte is UTF-8.
 void append_escaped(std::string& quoted, std::u16string_view text)
 {
+    const auto is_special = [](char16_t unit, bool is_lone_half) {
+        return unit == u'"' || unit == u'\\' || is_lone_half;
+    };
     const bool has_none = text.find_first_of(u"\"\\") == std::u16string_view::npos;
-    if (has_none && append_printable_ascii(quoted, text))
-        return;
-    std::size_t start = 0;
-    for (std::size_t half = 0; (half = find_lone_half(text, start)) != std::u16string_view::npos; start = half + 1) {
-        append_well_formed(quoted, text.substr(start, half - start));
-        append_escape(quoted, text[half], "\\u%04x");
-    }
-    append_well_formed(quoted, text.substr(start));
+    if (!has_none || !append_printable_ascii(quoted, text))
+        append_with_escapes(quoted, text, is_special, letter_for);
 }
 
 void append_quoted(std::string& quoted, std::u16string_view text)

@@ -352,7 +352,9 @@ for a line break,
 for a carriage return and
 .B \e\e
 for a backslash.
-Bytes that are not UTF-8 stand as they are, and a half of a surrogate pair as
+Bytes that are not UTF-8 stand as they are, and other control characters and halves of surrogate pairs as their
+numbers:
+.BR \eu001b ,
 .BR \eud83d .
 .TP
 .B pattern

@@ -1,54 +1,37 @@
 #include "cli/tsv_output.h"
 
-#include <array>
-#include <cstdio>
 #include <initializer_list>
 
+#include "cli/escapes.h"
 #include "platform/native_text.h"
-#include "text/surrogates.h"
-#include "text/utf8.h"
 
 namespace multirename {
 
 namespace {
 
-void append_escaped(std::string& field, std::string_view bytes)
+char letter_for(char16_t unit)
 {
-    for (const char c : bytes) {
-        switch (c) {
-        case '\t': field += "\\t"; break;
-        case '\n': field += "\\n"; break;
-        case '\r': field += "\\r"; break;
-        case '\\': field += "\\\\"; break;
-        default: field.push_back(c);
-        }
+    switch (unit) {
+    case u'\t': return 't';
+    case u'\n': return 'n';
+    case u'\r': return 'r';
+    case u'\\': return '\\';
+    default: return '\0';
     }
 }
 
 // Stray bytes are themselves; a half of a pair has no bytes.
 std::string field(std::u16string_view text)
 {
+    const auto is_special = [](char16_t unit, bool is_lone_half) {
+        return unit == u'\\' || (is_lone_half && !stands_for_byte(unit));
+    };
     std::string escaped;
-    std::size_t start = 0;
-    for (std::size_t i = 0; (i = find_lone_half(text, i)) != std::u16string_view::npos; ++i) {
-        if (stands_for_byte(text[i]))
-            continue;
-        append_escaped(escaped, to_bytes(text.substr(start, i - start)));
-        std::array<char, 8> half{};
-        std::snprintf(half.data(), half.size(), "\\u%04x", static_cast<unsigned>(text[i]));
-        escaped += half.data();
-        start = i + 1;
-    }
-    append_escaped(escaped, to_bytes(text.substr(start)));
+    append_with_escapes(escaped, text, is_special, letter_for);
     return escaped;
 }
 
-std::string field(std::string_view bytes)
-{
-    std::string escaped;
-    append_escaped(escaped, bytes);
-    return escaped;
-}
+std::string field(std::string_view bytes) { return field(from_bytes(bytes)); }
 
 std::string tsv_line(std::initializer_list<std::string> fields)
 {
