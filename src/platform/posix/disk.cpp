@@ -34,8 +34,6 @@ FileTime file_time(const struct statx_timestamp& moment)
     return static_cast<FileTime>(seconds * units_per_second + moment.tv_nsec / 100);
 }
 
-bool is_same_entry(const struct stat& a, const struct stat& b) { return a.st_dev == b.st_dev && a.st_ino == b.st_ino; }
-
 // File systems of this type take names without regard to case, whatever they hold.
 bool ignores_case_by_its_kind(int folder)
 {
@@ -102,17 +100,15 @@ private:
 };
 
 // Nothing tells this of every file system, so one of the folder's own names is asked for in the other case. Where that
-// finds the same entry, and the folder does not list it as a name of its own (a second link), case is not looked at.
+// is found, and the folder does not list it as a name of its own, case is not looked at. (The numbers of the two
+// entries tell nothing: some file systems make them up for each spelling.)
 bool tells_case_apart(const Folder& folder, const CaseProbe& probe)
 {
     if (probe.name.empty())
         return !ignores_case_by_its_kind(folder.descriptor());
-    struct stat as_listed { };
     struct stat as_swapped { };
-    if (fstatat(folder.descriptor(), probe.swapped.c_str(), &as_swapped, AT_SYMLINK_NOFOLLOW) != 0)
-        return true;
-    return fstatat(folder.descriptor(), probe.name.c_str(), &as_listed, AT_SYMLINK_NOFOLLOW) != 0 ||
-        !is_same_entry(as_listed, as_swapped) || folder.lists(probe.swapped);
+    return fstatat(folder.descriptor(), probe.swapped.c_str(), &as_swapped, AT_SYMLINK_NOFOLLOW) != 0 ||
+        folder.lists(probe.swapped);
 }
 
 // Some file systems do not tell in their listings what an entry is.

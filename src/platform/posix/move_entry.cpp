@@ -1,5 +1,6 @@
 #include "platform/move_entry.h"
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -7,6 +8,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <memory>
 
 namespace multirename {
 
@@ -34,14 +36,45 @@ bool differ_in_case_only(const std::string& a, const std::string& b)
            });
 }
 
-// Both names lead to the very same entry, and not because there are two links: then there would be two of them.
+struct CloseFolder {
+    void operator()(DIR* stream) const noexcept { closedir(stream); }
+};
+
+enum class Listed { No, Yes, Unknown };
+
+Listed lists(int folder, const std::string& name)
+{
+    const int opened = openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (opened < 0)
+        return Listed::Unknown;
+    const std::unique_ptr<DIR, CloseFolder> stream(fdopendir(opened));
+    if (stream == nullptr) {
+        close(opened);
+        return Listed::Unknown;
+    }
+    errno = 0; // readdir says nothing else of a failure
+    while (const dirent* found = readdir(stream.get())) {
+        if (name == found->d_name)
+            return Listed::Yes;
+        errno = 0;
+    }
+    return errno == 0 ? Listed::No : Listed::Unknown;
+}
+
+// Both names lead to the very same entry, and not because there are two links: then there would be two of them. Some
+// file systems make up another number of the entry for each spelling; there the folder lists one of the two only.
 bool are_one_entry(int folder, const std::string& a, const std::string& b)
 {
     struct stat first { };
     struct stat second { };
-    return differ_in_case_only(a, b) && fstatat(folder, a.c_str(), &first, AT_SYMLINK_NOFOLLOW) == 0 &&
-        fstatat(folder, b.c_str(), &second, AT_SYMLINK_NOFOLLOW) == 0 && first.st_dev == second.st_dev &&
-        first.st_ino == second.st_ino && (first.st_nlink == 1 || S_ISDIR(first.st_mode));
+    if (!differ_in_case_only(a, b) || fstatat(folder, a.c_str(), &first, AT_SYMLINK_NOFOLLOW) != 0 ||
+        fstatat(folder, b.c_str(), &second, AT_SYMLINK_NOFOLLOW) != 0)
+        return false;
+    if (first.st_dev == second.st_dev && first.st_ino == second.st_ino)
+        return first.st_nlink == 1 || S_ISDIR(first.st_mode);
+    // It must still be there after the look, or it was an entry of its own that has gone since.
+    return lists(folder, a) == Listed::Yes && lists(folder, b) == Listed::No &&
+        fstatat(folder, b.c_str(), &second, AT_SYMLINK_NOFOLLOW) == 0;
 }
 
 std::error_code link_and_unlink(int folder, const std::string& from, const std::string& to)
