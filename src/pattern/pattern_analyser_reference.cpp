@@ -365,7 +365,7 @@ private:
                 digitsCommon_ = false;
         }
         if (digitsCommon_)
-            std::fill(commonChars_.begin() + u'0', commonChars_.begin() + u'9' + 1, static_cast<unsigned char>(1));
+            std::fill_n(&commonChars_[u'0'], 10, static_cast<unsigned char>(1));
     }
 
     [[nodiscard]] bool any_common_character() const

@@ -1,0 +1,78 @@
+#include "fileset/scope_filter_reference.h"
+
+#include <algorithm>
+
+namespace multirename {
+
+namespace {
+
+class PlainScopeMatcher {
+public:
+    explicit PlainScopeMatcher(std::uint64_t most_steps) : steps_left_(most_steps) { }
+
+    bool matches(std::u16string_view pattern, std::u16string_view text)
+    {
+        if (!step())
+            return false;
+        if (text.empty())
+            return pattern.find_first_not_of(u"*/") == std::u16string_view::npos;
+        if (pattern.empty())
+            return false;
+        const char16_t first = pattern.front();
+        const std::u16string_view rest = pattern.substr(1);
+        switch (first) {
+        case u'*': return matches_behind_any(rest, text);
+        case u'/': return matches(rest, text);
+        case u'?': return matches(rest, text.substr(1));
+        case u'#': {
+            const std::size_t run = std::min(text.find_first_not_of(u"0123456789"), text.size());
+            return run > 0 && matches(rest, text.substr(run));
+        }
+        case u'\\': return rest.front() == text.front() && matches(rest.substr(1), text.substr(1));
+        default: return first == text.front() && matches(rest, text.substr(1));
+        }
+    }
+
+    [[nodiscard]] bool gave_up() const { return gave_up_; }
+
+private:
+    bool matches_behind_any(std::u16string_view rest, std::u16string_view text)
+    {
+        if (rest.empty())
+            return true;
+        for (; !text.empty() && !gave_up_; text.remove_prefix(1)) {
+            if (matches(rest, text))
+                return true;
+        }
+        return false;
+    }
+
+    bool step()
+    {
+        gave_up_ = gave_up_ || steps_left_ == 0;
+        steps_left_ -= gave_up_ ? 0 : 1;
+        return !gave_up_;
+    }
+
+    std::uint64_t steps_left_;
+    bool gave_up_ = false;
+};
+
+} // namespace
+
+std::optional<bool> reference_matches_scope_pattern(std::u16string_view pattern, std::u16string_view text,
+                                                    std::uint64_t most_steps)
+{
+    PlainScopeMatcher matcher(most_steps);
+    const bool matches = matcher.matches(pattern, text);
+    return matcher.gave_up() ? std::nullopt : std::optional(matches);
+}
+
+bool ends_within_escape(std::u16string_view pattern) noexcept
+{
+    const std::size_t other = pattern.find_last_not_of(u'\\');
+    const std::size_t backslashes = pattern.size() - (other == std::u16string_view::npos ? 0 : other + 1);
+    return backslashes % 2 == 1;
+}
+
+} // namespace multirename

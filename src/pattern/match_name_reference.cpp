@@ -1,0 +1,81 @@
+#include "pattern/match_name_reference.h"
+
+namespace multirename {
+
+namespace {
+
+class PlainMatcher {
+public:
+    explicit PlainMatcher(std::uint64_t most_steps) : steps_left_(most_steps) { }
+
+    bool match(std::u16string_view text, std::span<const NamePart> parts, std::vector<std::u16string>& captures)
+    {
+        for (std::size_t k = 0; k < parts.size(); ++k) {
+            if (!step())
+                return false;
+            const NamePart& part = parts[k];
+            if (part.kind == NamePartKind::Wild)
+                return match_wild(text, parts.subspan(k), captures);
+            const std::optional<std::size_t> length = length_taken(part, text);
+            if (!length)
+                return false;
+            captures.emplace_back(text.substr(0, *length));
+            text.remove_prefix(*length);
+        }
+        return text.empty();
+    }
+
+    [[nodiscard]] bool gave_up() const { return gave_up_; }
+
+private:
+    static std::optional<std::size_t> length_taken(const NamePart& part, std::u16string_view text)
+    {
+        if (part.kind == NamePartKind::Text)
+            return text.starts_with(part.matchText) ? std::optional(part.matchText.size()) : std::nullopt;
+        std::size_t run = 0;
+        while (run < text.size() && run < 260 && text[run] >= u'0' && text[run] <= u'9')
+            ++run;
+        return run > 0 ? std::optional(run) : std::nullopt;
+    }
+
+    bool match_wild(std::u16string_view text, std::span<const NamePart> parts, std::vector<std::u16string>& captures)
+    {
+        const NamePart& wild = parts.front();
+        if (wild.mustStartWithDot && !text.starts_with(u'.'))
+            return false;
+        for (auto length = static_cast<std::size_t>(wild.minLength); length <= text.size(); ++length) {
+            std::vector<std::u16string> tried = captures;
+            tried.emplace_back(text.substr(0, length));
+            if (match(text.substr(length), parts.subspan(1), tried)) {
+                captures = tried;
+                return true;
+            }
+            if (wild.fixedLength || gave_up_)
+                return false;
+        }
+        return false;
+    }
+
+    bool step()
+    {
+        gave_up_ = gave_up_ || steps_left_ == 0;
+        steps_left_ -= gave_up_ ? 0 : 1;
+        return !gave_up_;
+    }
+
+    std::uint64_t steps_left_;
+    bool gave_up_ = false;
+};
+
+} // namespace
+
+std::optional<ReferenceMatch> reference_match(std::u16string_view text, std::span<const NamePart> parts,
+                                              std::uint64_t most_steps)
+{
+    PlainMatcher matcher(most_steps);
+    ReferenceMatch match;
+    match.matched = matcher.match(text, parts, match.captures);
+    return matcher.gave_up() ? std::nullopt : std::optional(match);
+}
+
+} // namespace multirename
