@@ -29,6 +29,9 @@ windows_packages=(cmake ninja-build g++-mingw-w64-x86-64-posix binutils-mingw-w6
     libcli11-dev rapidjson-dev
     wine wine64 fonts-wine xvfb xauth)
 
+# libFuzzer and the sanitizers of clang, and what names the lines in their reports.
+fuzzing_packages=(clang libclang-rt-dev llvm)
+
 # Configures and builds a preset, or only the given targets of it.
 build_preset() {
     local preset=$1

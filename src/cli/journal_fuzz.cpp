@@ -1,0 +1,115 @@
+// A line "r" and the bytes of a journal; or a line "w", a line with a place and one with a byte, and the lines of a
+// journal's moves, folder, old name and new name in turns: it is written, damaged there, and read.
+
+#include "cli/journal.h"
+
+#include "fuzz_input.h"
+#include "text/decimal.h"
+
+namespace multirename {
+
+namespace {
+
+class ListedMoves final : public MoveList {
+public:
+    std::vector<JournalEntry> moves;
+
+    [[nodiscard]] std::size_t size() const noexcept override { return moves.size(); }
+    void get(std::size_t index, JournalEntry& move) const override { move = moves[index]; }
+};
+
+std::string without_nul(std::string_view bytes)
+{
+    std::string text(bytes);
+    std::erase(text, '\0');
+    return text;
+}
+
+ListedMoves next_moves(FuzzInput& input)
+{
+    ListedMoves list;
+    while (!input.rest_bytes().empty() && list.moves.size() < 64) {
+        JournalEntry move;
+        // The folder of a first entry is never empty, for an empty one stands for that of the entry before.
+        move.folder = "/" + without_nul(input.next_bytes());
+        move.old_name = without_nul(input.next_bytes());
+        move.new_name = without_nul(input.next_bytes());
+        list.moves.push_back(std::move(move));
+    }
+    return list;
+}
+
+std::string written(const MoveList& moves, std::int64_t created)
+{
+    std::string bytes;
+    const std::error_code error = write_journal(moves, created, [&bytes](std::string_view piece) {
+        bytes += piece;
+        return std::error_code();
+    });
+    require(!error, "Nothing fails where nothing can.");
+    return bytes;
+}
+
+// Everything that can be asked of a journal.
+void require_readable(const Journal& journal, std::size_t file_size)
+{
+    require(journal.states.size() == journal.size() && journal.size() <= journal.planned,
+            "No more can be read than was planned.");
+    require(journal.end_of_states() <= file_size, "The states lie within the file.");
+    for (std::size_t entry = 0; entry < journal.size(); ++entry) {
+        JournalEntry move;
+        journal.get(entry, move);
+        require(journal.state_offset(entry) < file_size, "Each state lies within the file.");
+        require(move.old_name.find('\0') == std::string::npos, "No name holds NUL.");
+    }
+}
+
+void read_anything(std::string_view bytes)
+{
+    const std::optional<Journal> journal = Journal::read(std::string(bytes));
+    if (journal)
+        require_readable(*journal, bytes.size());
+}
+
+void read_damaged(FuzzInput& input)
+{
+    const std::u16string place_text = input.next_text();
+    const std::size_t byte = input.next_choice(256);
+    const ListedMoves list = next_moves(input);
+    const std::string whole = written(list, 1'700'000'000);
+    const std::optional<Journal> journal = Journal::read(whole);
+    require(journal && journal->is_whole() && journal->size() == list.size(), "What was written can be read.");
+    require_readable(*journal, whole.size());
+    for (std::size_t entry = 0; entry < list.size(); ++entry) {
+        JournalEntry move;
+        journal->get(entry, move);
+        require(move == list.moves[entry], "What is read is what was written.");
+    }
+
+    const auto place = static_cast<std::size_t>(read_decimal(place_text)) % (whole.size() + 1);
+    for (std::string damaged : {whole.substr(0, place), whole}) {
+        if (damaged.size() == whole.size() && place < whole.size())
+            damaged[place] = static_cast<char>(static_cast<unsigned char>(damaged[place]) ^ byte);
+        const std::optional<Journal> rest = Journal::read(damaged);
+        if (!rest)
+            continue;
+        require_readable(*rest, damaged.size());
+        for (std::size_t entry = 0; entry < std::min(rest->size(), list.size()); ++entry) {
+            JournalEntry move;
+            rest->get(entry, move);
+            require(move == list.moves[entry], "What is read of a damaged journal is what was written.");
+        }
+    }
+}
+
+} // namespace
+
+void check_input(FuzzInput input)
+{
+    if (input.next_bytes() == "w")
+        read_damaged(input);
+    else
+        read_anything(input.rest_bytes());
+}
+
+} // namespace multirename
