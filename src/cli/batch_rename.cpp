@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "cli/failure.h"
+#include "cli/move_reason.h"
 #include "cli/progress_bar.h"
 #include "platform/error_text.h"
 #include "platform/native_text.h"
@@ -12,15 +13,6 @@
 namespace multirename {
 
 namespace {
-
-std::string reason_of(const std::error_code& error)
-{
-    if (error == std::errc::file_exists)
-        return "a file of the new name has appeared meanwhile";
-    if (error == std::errc::no_such_file_or_directory)
-        return "it is not there any more";
-    return error_text(error);
-}
 
 // The moves as the journal and the system want them, made from the records each time: there may be very many.
 class MovesOfRun final : public MoveList {
@@ -84,7 +76,7 @@ void BatchRename::moved(std::size_t index, const std::error_code& error)
 {
     batch_.mark(index, error ? EntryState::Failed : EntryState::Renamed);
     if (error)
-        reasons_.emplace(entries_[index], reason_of(error));
+        reasons_.emplace(entries_[index], move_reason(error));
     else
         ++renamed_;
     progress_->advance();

@@ -6,7 +6,7 @@
 
 #include "cli/undo.h"
 
-#include "platform/error_text.h"
+#include "cli/move_reason.h"
 #include "platform/interruption.h"
 #include "platform/move_entry.h"
 #include "platform/name_key.h"
@@ -35,10 +35,10 @@ Outcome look_and_take_back(const JournalEntry& entry, EntryState state, EntryMov
     std::error_code error;
     const bool has_new = mover.exists(entry.folder, entry.new_name, error);
     if (error)
-        return left(error_text(error));
+        return left(move_reason(error));
     const bool has_old = mover.exists(entry.folder, entry.old_name, error);
     if (error)
-        return left(error_text(error));
+        return left(move_reason(error));
     if (!has_new)
         return has_old ? Outcome() : left("there is no file of the new name any more");
     const bool may_be_untouched = has_old && state == EntryState::Planned;
@@ -48,7 +48,7 @@ Outcome look_and_take_back(const JournalEntry& entry, EntryState state, EntryMov
     if (error == std::errc::file_exists)
         return may_be_untouched ? Outcome() : left("the old name belongs to another file now");
     if (error)
-        return left(error_text(error));
+        return left(move_reason(error));
     return {Outcome::Kind::Restored, {}};
 }
 

@@ -84,7 +84,7 @@ std::error_code DurableFile::create(const std::filesystem::path& path, const Con
     const std::string folder = path.has_parent_path() ? path.parent_path().string() : ".";
     const std::string name = path.filename().string();
     const std::string draft = name + ".new";
-    EntryMover mover;
+    EntryMover mover(EntryMover::FolderLinks::Follow); // people put their folders where they like
     std::error_code error;
     if (mover.exists(folder, name, error))
         return std::make_error_code(std::errc::file_exists);

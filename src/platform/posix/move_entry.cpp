@@ -77,14 +77,27 @@ bool are_one_entry(int folder, const std::string& a, const std::string& b)
         fstatat(folder, b.c_str(), &second, AT_SYMLINK_NOFOLLOW) == 0;
 }
 
+bool is_same_entry(const struct stat& a, const struct stat& b) { return a.st_dev == b.st_dev && a.st_ino == b.st_ino; }
+
+// Somebody may have moved the entry away after it was linked, and put another in its place: that one is not ours to
+// remove. Nor is the new name, once it is the only one that the entry has.
 std::error_code link_and_unlink(int folder, const std::string& from, const std::string& to)
 {
     if (linkat(folder, from.c_str(), folder, to.c_str(), 0) != 0)
         return last_error();
-    if (unlinkat(folder, from.c_str(), 0) == 0)
-        return {};
-    const std::error_code error = last_error();
-    unlinkat(folder, to.c_str(), 0);
+    struct stat linked { };
+    struct stat old { };
+    std::error_code error = std::make_error_code(std::errc::no_such_file_or_directory);
+    const bool is_linked = fstatat(folder, to.c_str(), &linked, AT_SYMLINK_NOFOLLOW) == 0;
+    if (is_linked && fstatat(folder, from.c_str(), &old, AT_SYMLINK_NOFOLLOW) == 0 && is_same_entry(linked, old)) {
+        if (unlinkat(folder, from.c_str(), 0) == 0)
+            return {};
+        error = last_error();
+    }
+    if (is_linked && linked.st_nlink == 1)
+        return {}; // the old name has gone by itself
+    if (is_linked)
+        unlinkat(folder, to.c_str(), 0);
     return error;
 }
 
@@ -107,6 +120,32 @@ std::error_code move_without_exclusive_rename(int folder, const std::string& fro
     return S_ISDIR(details.st_mode) ? move_folder(folder, from, to) : link_and_unlink(folder, from, to);
 }
 
+bool is_link(int folder, const std::string& name)
+{
+    struct stat details { };
+    return fstatat(folder, name.c_str(), &details, AT_SYMLINK_NOFOLLOW) == 0 && S_ISLNK(details.st_mode);
+}
+
+// Part by part, for the system looks at no more than the last one of a path for links.
+int open_without_links(const std::string& path)
+{
+    constexpr int flags = O_PATH | O_DIRECTORY | O_CLOEXEC | O_NOFOLLOW;
+    int opened = ::open(path.starts_with('/') ? "/" : ".", flags);
+    for (std::size_t start = 0; opened >= 0 && start < path.size();) {
+        const std::size_t end = std::min(path.find('/', start), path.size());
+        const std::string part = path.substr(start, end - start);
+        start = end + 1;
+        if (part.empty())
+            continue;
+        const int parent = opened;
+        opened = openat(parent, part.c_str(), flags);
+        const int error = opened < 0 && is_link(parent, part) ? ELOOP : errno;
+        close(parent);
+        errno = error;
+    }
+    return opened;
+}
+
 } // namespace
 
 EntryMover::~EntryMover()
@@ -120,7 +159,8 @@ std::error_code EntryMover::open(std::string_view folder)
     if (open_folder_ >= 0 && folder == open_path_)
         return {};
     const std::string path(folder);
-    const int opened = ::open(path.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC);
+    const int opened = links_ == FolderLinks::Refuse ? open_without_links(path)
+                                                     : ::open(path.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC);
     if (opened < 0)
         return last_error();
     if (open_folder_ >= 0)

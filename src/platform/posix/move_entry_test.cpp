@@ -55,6 +55,38 @@ TEST_F(PosixEntryMover, NeverReplacesALink)
     EXPECT_EQ(temporary_.content("a"), "content");
 }
 
+TEST_F(PosixEntryMover, FollowsLinksInTheFoldersPathOnlyWhenItMay)
+{
+    fs::create_directories(path("real/inner"));
+    temporary_.write("real/inner/a", "content");
+    fs::create_directory_symlink("real", path("link"));
+    fs::create_directory_symlink("inner", path("real/last"));
+    for (const char* folder : {"link/inner/", "link/inner", "real/last/", "real/last", "link//last//"}) {
+        std::error_code error;
+        EXPECT_EQ(mover_.move(in_folder() + folder, "a", "b"), std::errc::too_many_symbolic_link_levels) << folder;
+        EXPECT_FALSE(mover_.exists(in_folder() + folder, "a", error)) << folder;
+        EXPECT_EQ(error, std::errc::too_many_symbolic_link_levels) << folder;
+        EntryMover follower(EntryMover::FolderLinks::Follow);
+        EXPECT_FALSE(follower.move(in_folder() + folder, "a", "b")) << folder;
+        EXPECT_FALSE(mover_.move(in_folder() + "real//inner", "b", "a")) << folder;
+    }
+}
+
+TEST_F(PosixEntryMover, TakesRelativeFoldersAndTheRoot)
+{
+    const WorkingDirectory here(temporary_.path());
+    fs::create_directory("inner");
+    temporary_.write("inner/a", "content");
+    EXPECT_FALSE(mover_.move("inner/", "a", "b"));
+    EXPECT_FALSE(mover_.move("./inner", "b", "c"));
+    EXPECT_EQ(temporary_.content("inner/c"), "content");
+    std::error_code error;
+    EXPECT_TRUE(mover_.exists("/", "proc", error));
+    EXPECT_TRUE(mover_.exists(".", "inner", error));
+    EXPECT_TRUE(mover_.exists("", "inner", error));
+    EXPECT_EQ(mover_.move("inner/c/", "c", "d"), std::errc::not_a_directory);
+}
+
 TEST_F(PosixEntryMover, ChangesTheCaseInTheListingToo)
 {
     temporary_.write("a", "content");
