@@ -193,7 +193,7 @@ std::vector<BatchSummary> Batches::summaries() const
     std::vector<BatchSummary> all;
     for (const std::string& id : ids()) {
         std::string content;
-        if (read_file(folder_ / (id + std::string(ending)), content))
+        if (DurableFile::read(folder_ / (id + std::string(ending)), content))
             continue;
         const std::optional<Journal> journal = Journal::read(std::move(content));
         if (!journal)

@@ -16,6 +16,8 @@
 #include <charconv>
 #include <concepts>
 
+#include "platform/native_text.h"
+
 namespace multirename {
 
 namespace {
@@ -186,7 +188,8 @@ private:
         if (!std::ranges::equal(rest_.substr(0, sum_length), sum.digits()) || rest_[sum_length] != '\n')
             return false;
         rest_.remove_prefix(sum_length + 1);
-        if (folder->empty() && journal_.places_.empty())
+        // Names that lead out of their folder were never written by this program, whatever the sum says.
+        if (!is_native_name(*old_name) || !is_native_name(*new_name) || (folder->empty() && journal_.places_.empty()))
             return false;
         if (folder->empty())
             entry.folder = journal_.places_.back().folder;

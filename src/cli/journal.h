@@ -51,7 +51,8 @@ public:
     [[nodiscard]] static Journal begun(std::size_t entries, std::int64_t created);
 
     /// Reads a journal as far as it is what was written: each entry carries a sum over all before it, so that nothing
-    /// behind the first damage counts. Nothing when not even its head can be read.
+    /// behind the first damage counts, nor behind a name that is none (see `is_native_name`). Nothing when not even its
+    /// head can be read.
     [[nodiscard]] static std::optional<Journal> read(std::string bytes);
 
     [[nodiscard]] std::size_t size() const noexcept override { return places_.size(); }

@@ -4,6 +4,7 @@
 #include "cli/journal.h"
 
 #include "fuzz_input.h"
+#include "platform/native_text.h"
 #include "text/decimal.h"
 
 namespace multirename {
@@ -25,6 +26,13 @@ std::string without_nul(std::string_view bytes)
     return text;
 }
 
+std::string next_name(FuzzInput& input)
+{
+    std::string name = without_nul(input.next_bytes());
+    std::erase(name, '/');
+    return is_native_name(name) ? name : "name";
+}
+
 ListedMoves next_moves(FuzzInput& input)
 {
     ListedMoves list;
@@ -32,8 +40,8 @@ ListedMoves next_moves(FuzzInput& input)
         JournalEntry move;
         // The folder of a first entry is never empty, for an empty one stands for that of the entry before.
         move.folder = "/" + without_nul(input.next_bytes());
-        move.old_name = without_nul(input.next_bytes());
-        move.new_name = without_nul(input.next_bytes());
+        move.old_name = next_name(input);
+        move.new_name = next_name(input);
         list.moves.push_back(std::move(move));
     }
     return list;
@@ -60,7 +68,7 @@ void require_readable(const Journal& journal, std::size_t file_size)
         JournalEntry move;
         journal.get(entry, move);
         require(journal.state_offset(entry) < file_size, "Each state lies within the file.");
-        require(move.old_name.find('\0') == std::string::npos, "No name holds NUL.");
+        require(is_native_name(move.old_name) && is_native_name(move.new_name), "No name leads out of its folder.");
     }
 }
 

@@ -175,6 +175,18 @@ TEST(Journal, OneThatWasChangedNeverTellsAnEntryThatWasNotWritten)
     }
 }
 
+TEST(Journal, EntriesWithNamesThatLeadOutOfTheirFolderAreNotRead)
+{
+    for (const char* name : {"", ".", "..", "../a", "a/b", "/etc/passwd"}) {
+        for (const JournalEntry& led_astray : {JournalEntry{"/photos/", name, "a"}, {"/photos/", "a", name}}) {
+            const auto journal = Journal::read(written({some_entries[0], led_astray, some_entries[2]}, 0));
+            ASSERT_TRUE(journal);
+            EXPECT_THAT(entries_of(*journal), ElementsAre(some_entries[0])) << name;
+            EXPECT_FALSE(journal->is_whole());
+        }
+    }
+}
+
 TEST(Journal, WhatIsNoneIsNotRead)
 {
     EXPECT_FALSE(Journal::read(""));

@@ -57,6 +57,10 @@ public:
                     " is damaged from its start on, so that nothing can be taken back from it. It has been set "
                     "aside in " +
                     native_bytes(batches_.folder()) + "; the next undo takes the batch before.");
+        if (error == std::errc::operation_not_permitted)
+            throw Failure(ExitStatus::PartlyDone,
+                          "The journal of batch " + id +
+                              " is not this user's own; nothing is renamed because another user's journal says so.");
         throw Failure(ExitStatus::PartlyDone,
                       "The journal of batch " + id + " cannot be read: " + error_text(error) + ".");
     }

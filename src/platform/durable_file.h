@@ -39,6 +39,7 @@ public:
 
     /// Makes a new file that only its owner may read, with this content, and waits until it and its name are on the
     /// disk. The error equals errc::file_exists when there is a file of that name; on any error no new file is left.
+    /// (On POSIX also where a file does not come to belong to this user: it could not be opened again.)
     /// Where the system allows it (on POSIX) the name appears only once all of the content is on the disk; a process
     /// that ends before leaves at most a file whose name has ".new" behind it.
     [[nodiscard]] static std::error_code create(const std::filesystem::path& path, const Content& content,
@@ -51,9 +52,14 @@ public:
     }
 
     /// Opens a file and reads all of it. The error equals errc::device_or_resource_busy when another process has it
-    /// open here.
+    /// open here. On POSIX a link is not followed, a file of another user gives errc::operation_not_permitted, and what
+    /// is no file errc::not_supported: nobody else can have this user do what a file says.
     [[nodiscard]] static std::error_code open(const std::filesystem::path& path, DurableFile& file,
                                               std::string& content);
+
+    /// Reads all of a file that `open` would take, also while another process has it open, where the system allows that
+    /// (on POSIX).
+    [[nodiscard]] static std::error_code read(const std::filesystem::path& path, std::string& content);
 
     /// Has bytes before `length` (at most that of the file) overwritten without a call of the system each, where it
     /// offers that; nothing else changes. For files that stay as long as they are while they are open.

@@ -15,6 +15,10 @@ namespace multirename {
 /// The same into memory that is used again, for many names.
 void native_from_name(std::u16string_view name, std::string& bytes);
 
+/// Whether the bytes can be the name of an entry within its folder: not empty, not "." or "..", and without what stands
+/// between the parts of a path.
+[[nodiscard]] bool is_native_name(std::string_view bytes) noexcept;
+
 /// A whole path, with "\" between its parts behind the border on every system.
 [[nodiscard]] std::u16string path_from_native(std::string_view bytes);
 [[nodiscard]] std::string native_from_path(std::u16string_view path);

@@ -13,6 +13,15 @@ TEST(NativeText, GoesBothWays)
     EXPECT_EQ(native_from_path(path_from_native("caf\xC3\xA9")), "caf\xC3\xA9");
 }
 
+TEST(NativeText, NamesThatLeadOutOfTheirFolderAreNone)
+{
+    for (const char* name : {"a", "...", ".hidden", "a..b", "\xC3\xA9", " ", "-"})
+        EXPECT_TRUE(is_native_name(name)) << name;
+    for (const char* name : {"", ".", "..", "/", "../a", "a/b", "a/"})
+        EXPECT_FALSE(is_native_name(name)) << name;
+    EXPECT_FALSE(is_native_name(std::string_view("a\0b", 3)));
+}
+
 TEST(NativeText, OrdinaryNamesCanBeWritten)
 {
     EXPECT_TRUE(can_be_written(u"new.txt", u"old.txt", u"new"));

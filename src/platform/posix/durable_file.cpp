@@ -67,6 +67,22 @@ std::error_code lock(int file)
     return errno == EWOULDBLOCK ? std::make_error_code(std::errc::device_or_resource_busy) : last_error();
 }
 
+std::error_code check_is_own_file(int file)
+{
+    struct stat details { };
+    if (fstat(file, &details) != 0)
+        return last_error();
+    if (!S_ISREG(details.st_mode))
+        return std::make_error_code(std::errc::not_supported);
+    return details.st_uid == geteuid() ? std::error_code() : std::make_error_code(std::errc::operation_not_permitted);
+}
+
+// Without waiting for somebody at the other end, should it be a pipe.
+int open_existing(const std::filesystem::path& path, int access)
+{
+    return ::open(path.c_str(), access | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
+}
+
 } // namespace
 
 DurableFile::~DurableFile()
@@ -93,7 +109,9 @@ std::error_code DurableFile::create(const std::filesystem::path& path, const Con
     if (opened < 0)
         return last_error();
     DurableFile created(opened);
-    error = lock(opened);
+    error = check_is_own_file(opened);
+    if (!error)
+        error = lock(opened);
     if (!error)
         error = content([opened](std::string_view piece) { return write_all(opened, piece); });
     if (!error && fsync(opened) != 0)
@@ -114,11 +132,13 @@ std::error_code DurableFile::create(const std::filesystem::path& path, const Con
 
 std::error_code DurableFile::open(const std::filesystem::path& path, DurableFile& file, std::string& content)
 {
-    const int descriptor = ::open(path.c_str(), O_RDWR | O_CLOEXEC | O_NOFOLLOW);
+    const int descriptor = open_existing(path, O_RDWR);
     if (descriptor < 0)
         return last_error();
     DurableFile opened(descriptor);
-    std::error_code error = lock(descriptor);
+    std::error_code error = check_is_own_file(descriptor);
+    if (!error)
+        error = lock(descriptor);
     std::string bytes;
     if (!error)
         error = read_all(descriptor, bytes);
@@ -127,6 +147,21 @@ std::error_code DurableFile::open(const std::filesystem::path& path, DurableFile
     content = std::move(bytes);
     file = std::move(opened);
     return {};
+}
+
+std::error_code DurableFile::read(const std::filesystem::path& path, std::string& content)
+{
+    const int descriptor = open_existing(path, O_RDONLY);
+    if (descriptor < 0)
+        return last_error();
+    const DurableFile opened(descriptor);
+    std::string bytes;
+    std::error_code error = check_is_own_file(descriptor);
+    if (!error)
+        error = read_all(descriptor, bytes);
+    if (!error)
+        content = std::move(bytes);
+    return error;
 }
 
 // What is written to memory that is shared with the file is the file's at once, for every process, and stays when this

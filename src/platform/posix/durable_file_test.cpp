@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <csignal>
 
@@ -101,6 +102,40 @@ TEST_F(PosixDurableFile, IsNotMadeOrOpenedThroughALink)
     EXPECT_EQ(content, "none");
     EXPECT_EQ(temporary_.names(), (Names{"broken", "link", "target"}));
     EXPECT_EQ(temporary_.content("target"), "before");
+}
+
+TEST_F(PosixDurableFile, IsReadWhileItIsOpen)
+{
+    DurableFile file;
+    ASSERT_FALSE(DurableFile::create(path(), "content", file));
+    std::string content;
+    EXPECT_FALSE(DurableFile::read(path(), content));
+    EXPECT_EQ(content, "content");
+}
+
+TEST_F(PosixDurableFile, WhatIsNoFileOfThisUsersIsNeitherOpenedNorRead)
+{
+    temporary_.write("target", "before");
+    fs::create_symlink("target", path("link"));
+    ASSERT_EQ(mkfifo(path("pipe").c_str(), 0600), 0);
+    fs::create_directory(path("folder"));
+    std::vector<std::pair<std::string, std::errc>> refused = {{"link", std::errc::too_many_symbolic_link_levels},
+                                                              {"pipe", std::errc::not_supported}};
+    temporary_.write("foreign", "rename everything");
+    constexpr uid_t somebody_else = 65534;
+    if (chown(path("foreign").c_str(), somebody_else, somebody_else) == 0) // only root can
+        refused.emplace_back("foreign", std::errc::operation_not_permitted);
+    DurableFile file;
+    std::string content = "none";
+    for (const auto& [name, error] : refused) {
+        EXPECT_EQ(DurableFile::open(path(name), file, content), error) << name;
+        EXPECT_EQ(DurableFile::read(path(name), content), error) << name;
+    }
+    EXPECT_TRUE(DurableFile::open(path("folder"), file, content));
+    EXPECT_EQ(DurableFile::read(path("folder"), content), std::errc::not_supported);
+    EXPECT_EQ(DurableFile::read(path("absent"), content), std::errc::no_such_file_or_directory);
+    EXPECT_FALSE(file.is_open());
+    EXPECT_EQ(content, "none");
 }
 
 TEST_F(PosixDurableFile, LeavesNothingBehindWhenThereIsNoRoomForIt)

@@ -24,6 +24,13 @@ std::u16string lone_second_halves(std::u16string_view text)
 std::u16string name_from_native(std::string_view bytes) { return name_from_bytes(bytes); }
 std::string native_from_name(std::u16string_view name) { return bytes_from_name(name); }
 void native_from_name(std::u16string_view name, std::string& bytes) { bytes_from_name(name, bytes); }
+
+bool is_native_name(std::string_view bytes) noexcept
+{
+    using namespace std::string_view_literals;
+    return !bytes.empty() && bytes != "." && bytes != ".." && bytes.find_first_of("/\0"sv) == std::string_view::npos;
+}
+
 std::u16string path_from_native(std::string_view bytes) { return path_from_bytes(bytes); }
 std::string native_from_path(std::u16string_view path) { return bytes_from_path(path); }
 std::u16string typed_from_native(std::string_view bytes) { return typed_from_bytes(bytes); }

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include "platform/user_folders.h"
 #include "platform/windows/file_handle.h"
 #include "platform/windows/full_path.h"
 
@@ -67,6 +68,11 @@ std::error_code DurableFile::open(const std::filesystem::path& path, DurableFile
     content = std::move(bytes);
     file = DurableFile(released(std::move(opened)));
     return {};
+}
+
+std::error_code DurableFile::read(const std::filesystem::path& path, std::string& content)
+{
+    return read_file(path, content);
 }
 
 void DurableFile::ease_overwrites(std::size_t) noexcept { }

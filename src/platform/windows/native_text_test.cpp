@@ -11,6 +11,12 @@ TEST(WindowsNativeText, HalvesOfPairsHaveBytesOfTheirOwn)
     EXPECT_EQ(name_from_native("half\xED\xA0\xBD"), std::u16string(u"half\xD83D"));
 }
 
+TEST(WindowsNativeText, NamesThatLeadOutOfTheirFolderAreNone)
+{
+    for (const char* name : {"a\\b", "..\\a", "C:a", "a:stream"})
+        EXPECT_FALSE(is_native_name(name)) << name;
+}
+
 TEST(WindowsNativeText, EveryNameCanBeWritten)
 {
     EXPECT_TRUE(can_be_written(u"\xD83D", u"\U0001F480", u""));

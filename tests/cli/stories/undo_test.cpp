@@ -1,10 +1,15 @@
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <algorithm>
 #include <array>
 #include <chrono>
 #include <cstdio>
 #include <fstream>
 
+#include "cli/journal.h"
 #include "story.h"
+#include "support/test_programs.h"
 
 namespace multirename {
 namespace {
@@ -35,6 +40,28 @@ protected:
         std::ofstream(path, std::ios::binary) << bytes;
     }
 };
+
+class OneMove final : public MoveList {
+public:
+    explicit OneMove(JournalEntry move) : move_(std::move(move)) { }
+    [[nodiscard]] std::size_t size() const noexcept override { return 1; }
+    void get(std::size_t, JournalEntry& move) const override { move = move_; }
+
+private:
+    JournalEntry move_;
+};
+
+// A whole journal, with the right sum.
+std::string journal_of(JournalEntry move)
+{
+    std::string bytes;
+    const auto append = [&bytes](std::string_view piece) {
+        bytes += piece;
+        return std::error_code();
+    };
+    EXPECT_FALSE(write_journal(OneMove(std::move(move)), 1709647629, append));
+    return bytes;
+}
 
 TEST_F(Undo, GivesEveryNameBackAndForgetsTheBatch)
 {
@@ -243,6 +270,53 @@ TEST_F(Undo, AJournalThatIsALinkIsNotFollowed)
     fs::create_symlink(state.path() + "/elsewhere", journal_path(batch));
     EXPECT_EQ(run({"undo", batch}).exit_status, partly_done);
     EXPECT_THAT(names(), ElementsAre("b1", "b2"));
+}
+
+TEST_F(Undo, AJournalOfAnotherUserIsNotFollowed)
+{
+    write({"a1", "a2"});
+    const std::string batch = renamed_batch({"rename", "a1", "a2", "--text", "1=b"});
+    if (chown(journal_path(batch).c_str(), nobody, nobody) != 0)
+        GTEST_SKIP() << "only root can give files away";
+    const ProgramResult result = run({"undo"});
+    EXPECT_EQ(result.exit_status, partly_done);
+    EXPECT_THAT(result.errors, HasSubstr("is not this user's own"));
+    EXPECT_THAT(run({"undo", "--list"}).output, HasSubstr("There is no batch"));
+    EXPECT_THAT(names(), ElementsAre("b1", "b2"));
+    EXPECT_THAT(journals(), ElementsAre(batch + ".journal"));
+}
+
+TEST_F(Undo, APipeInThePlaceOfAJournalIsNotWaitedFor)
+{
+    write({"a1", "a2"});
+    const std::string batch = renamed_batch({"rename", "a1", "a2", "--text", "1=b"});
+    fs::remove(journal_path(batch));
+    ASSERT_EQ(mkfifo(journal_path(batch).c_str(), 0600), 0);
+    EXPECT_EQ(run({"undo"}).exit_status, partly_done);
+    EXPECT_EQ(run({"undo", "--list"}).exit_status, done);
+    EXPECT_THAT(names(), ElementsAre("b1", "b2"));
+}
+
+// The sum in it can be made by anybody.
+TEST_F(Undo, AForgedJournalRenamesNothingOutsideItsFolder)
+{
+    write({"set/b1", "a1"});
+    const std::string place = state.path() + "/multirename/";
+    const auto take = [&](const char* old_name, const char* new_name) {
+        const std::string path = place + "20240305-140709-001.journal";
+        fs::create_directories(place);
+        put_bytes(path, journal_of({folder.path() + "/set/", old_name, new_name}));
+        return run({"undo"});
+    };
+    const Snapshot before = tree();
+    for (const auto& [old_name, new_name] : {std::pair("../a2", "b1"), {"b2", "../a1"}, {"..", "b1"}, {"", "b1"}}) {
+        const ProgramResult result = take(old_name, new_name);
+        EXPECT_EQ(result.exit_status, partly_done) << old_name;
+        EXPECT_THAT(result.errors, HasSubstr("damaged")) << old_name;
+        EXPECT_EQ(difference(before, tree()), "") << old_name;
+    }
+    EXPECT_EQ(take("a2", "b1").exit_status, done);
+    EXPECT_THAT(names_in(folder.path_of("set")), ElementsAre("a2"));
 }
 
 } // namespace
