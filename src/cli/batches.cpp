@@ -37,7 +37,8 @@ std::string formatted(const char* format, Moment moment)
     const CivilTime civil(moment);
     std::array<char, 64> text{};
     std::snprintf(text.data(), text.size(), format, static_cast<int>(civil.date.year()),
-                  static_cast<unsigned>(civil.date.month()), static_cast<unsigned>(civil.date.day()),
+                  static_cast<int>(static_cast<unsigned>(civil.date.month())),
+                  static_cast<int>(static_cast<unsigned>(civil.date.day())),
                   static_cast<int>(civil.time.hours().count()), static_cast<int>(civil.time.minutes().count()),
                   static_cast<int>(civil.time.seconds().count()));
     return text.data();
@@ -47,7 +48,7 @@ std::string id_of(Moment moment, int number)
 {
     std::array<char, 16> digits{};
     std::snprintf(digits.data(), digits.size(), "-%03d", number);
-    return formatted("%04d%02u%02u-%02d%02d%02d", moment) + digits.data();
+    return formatted("%04d%02d%02d-%02d%02d%02d", moment) + digits.data();
 }
 
 // The next id after one that is there already.
@@ -82,7 +83,7 @@ bool is_batch_id(std::string_view word) noexcept
     return std::ranges::equal(word, form, fits);
 }
 
-std::string utc_text(Moment moment) { return formatted("%04d-%02u-%02dT%02d:%02d:%02dZ", moment); }
+std::string utc_text(Moment moment) { return formatted("%04d-%02d-%02dT%02d:%02d:%02dZ", moment); }
 
 std::string local_text(Moment moment)
 {

@@ -30,7 +30,7 @@ std::u16string system_text(DWORD error, std::u16string_view subject)
     if (!text.empty())
         return with_subject(from_wide(text), subject);
     std::array<wchar_t, 32> number{};
-    wsprintfW(number.data(), L"Error 0x%08X.", error);
+    wsprintfW(number.data(), L"Error 0x%08lX.", error);
     return from_wide(number.data());
 }
 
