@@ -11,7 +11,7 @@ namespace multirename {
 
 namespace {
 
-constexpr std::uint64_t most_steps = 100'000;
+constexpr std::uint64_t most_steps = 20'000;
 
 // Two letters for each part.
 void apply_settings(NamePattern& pattern, std::string_view settings)

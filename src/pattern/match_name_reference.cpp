@@ -43,13 +43,12 @@ private:
         const NamePart& wild = parts.front();
         if (wild.mustStartWithDot && !text.starts_with(u'.'))
             return false;
+        const std::size_t captured_before = captures.size();
         for (auto length = static_cast<std::size_t>(wild.minLength); length <= text.size(); ++length) {
-            std::vector<std::u16string> tried = captures;
-            tried.emplace_back(text.substr(0, length));
-            if (match(text.substr(length), parts.subspan(1), tried)) {
-                captures = tried;
+            captures.emplace_back(text.substr(0, length));
+            if (match(text.substr(length), parts.subspan(1), captures))
                 return true;
-            }
+            captures.resize(captured_before);
             if (wild.fixedLength || gave_up_)
                 return false;
         }

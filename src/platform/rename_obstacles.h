@@ -11,7 +11,7 @@
 namespace multirename {
 
 /// Finds what will keep the system from renaming an entry, as far as that can be known before anything is touched. What
-/// is not found may still go wrong later. On Windows nothing is known in advance.
+/// is not found may still go wrong later. On Windows names of devices and paths that are too long are known.
 class RenameObstacles {
 public:
     RenameObstacles() = default;

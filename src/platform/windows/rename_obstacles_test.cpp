@@ -24,5 +24,12 @@ TEST(WindowsRenameObstacles, CharactersAreCountedAndNotBytes)
     EXPECT_TRUE(obstacles.find(folder, "a", to_wtf8(std::u16string(56, u'\u00E9')), false));
 }
 
+TEST(WindowsRenameObstacles, DevicesKeepTheirNames)
+{
+    RenameObstacles obstacles;
+    EXPECT_EQ(obstacles.find("C:\\d\\", "a.txt", "nul.txt", false), "Windows keeps this name for a device");
+    EXPECT_EQ(obstacles.find("C:\\d\\", "nul.txt", "null.txt", false), std::nullopt);
+}
+
 } // namespace
 } // namespace multirename
