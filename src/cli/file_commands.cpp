@@ -151,6 +151,11 @@ private:
                 path = native_from_path(entry.folder->path);
             native_from_name(entry.name, old_name);
             native_from_name(entry.new_name, new_name);
+            // Nothing that the checks have let through; but what no name may hold would end up as another name.
+            if (!is_native_name(new_name)) {
+                reasons.emplace(&entry, "no file can have a name with a NUL character or a separator in it");
+                continue;
+            }
             auto reason = known.find(path, old_name, new_name, entry.is_folder);
             if (reason)
                 reasons.emplace(&entry, std::move(*reason));

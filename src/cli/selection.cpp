@@ -107,6 +107,10 @@ void SelectedFiles::take_paths(const Selection& selection, Console& console)
     }
     EntryPaths places;
     for (const std::string& path : paths) {
+        if (path.find('\0') != std::string::npos) // the system would take what stands before it for the path
+            throw WrongCommandLine("\"" + printable(path) +
+                                   "\" holds a NUL character, which no path can: with -0 NUL ends each path of a list. "
+                                   "Nothing was renamed.");
         EntryPath place;
         if (const std::error_code error = places.entry(path, place))
             refuse_path(path, error);
