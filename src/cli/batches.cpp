@@ -130,8 +130,11 @@ std::error_code Batches::begin(const MoveList& moves, Moment now, Batch& batch)
     const auto content = [&](const DurableFile::Sink& sink) { return write_journal(moves, created, sink); };
     DurableFile file;
     std::error_code error;
-    while ((error = DurableFile::create(folder_ / (id + std::string(ending)), content, file)) == std::errc::file_exists)
+    while (is_batch_id(id) &&
+           (error = DurableFile::create(folder_ / (id + std::string(ending)), content, file)) == std::errc::file_exists)
         id = id_after(id);
+    if (!is_batch_id(id)) // after the last second of the year 9999, where undo would not find it
+        return std::make_error_code(std::errc::value_too_large);
     if (error)
         return error;
     batch.id_ = id;

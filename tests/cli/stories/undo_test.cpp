@@ -297,6 +297,18 @@ TEST_F(Undo, APipeInThePlaceOfAJournalIsNotWaitedFor)
     EXPECT_THAT(names(), ElementsAre("b1", "b2"));
 }
 
+TEST_F(Undo, ABatchThatItWouldNotFindIsNotBegun)
+{
+    write({"a1", "a2"});
+    fs::create_directories(state.path() + "/multirename");
+    put_bytes(journal_path("99991231-235959-999"), "");
+    const ProgramResult result = run({"rename", "a1", "a2", "--text", "1=b"});
+    EXPECT_EQ(result.exit_status, partly_done);
+    EXPECT_THAT(result.errors, HasSubstr("Nothing was renamed."));
+    EXPECT_THAT(names(), ElementsAre("a1", "a2"));
+    EXPECT_THAT(journals(), SizeIs(1));
+}
+
 // The sum in it can be made by anybody.
 TEST_F(Undo, AForgedJournalRenamesNothingOutsideItsFolder)
 {
