@@ -8,6 +8,9 @@
 #include <map>
 #include <utility>
 
+#include "platform/name_key.h"
+#include "platform/native_text.h"
+
 namespace multirename {
 
 namespace {
@@ -65,6 +68,29 @@ std::vector<bool> what_happened(std::span<const JournalEntry> moves, const Names
         folders.trace_back(move);
     }
     return happened;
+}
+
+std::vector<bool> moves_to_free_names(std::span<const JournalEntry> moves, const NamesOfFolder& names_of)
+{
+    std::map<std::string, std::set<std::u16string>> folders; // the keys of the names
+    const auto key_of = [](const std::string& name) { return name_key(name_from_native(name)); };
+    std::vector<bool> is_free;
+    for (const JournalEntry& move : moves) {
+        const auto [folder, is_new] = folders.try_emplace(move.folder);
+        std::set<std::u16string>& keys = folder->second;
+        if (is_new) {
+            for (const std::string& name : names_of(move.folder))
+                keys.insert(key_of(name));
+        }
+        const std::u16string old_key = key_of(move.old_name);
+        const std::u16string new_key = key_of(move.new_name);
+        is_free.push_back(old_key == new_key || !keys.contains(new_key));
+        if (!is_free.back())
+            continue;
+        keys.erase(old_key);
+        keys.insert(new_key);
+    }
+    return is_free;
 }
 
 } // namespace multirename

@@ -17,4 +17,10 @@ using NamesOfFolder = std::function<std::set<std::string>(const std::string& fol
 /// in part and in their order. Asks for the names of each folder once, by the path that it has now.
 [[nodiscard]] std::vector<bool> what_happened(std::span<const JournalEntry> moves, const NamesOfFolder& names_of);
 
+/// Which moves of a batch, made in their order, find their new names free, or taken by nothing but their own old ones
+/// in other cases. One that does not is left where it is, and those that wait for its name with it. Names are compared
+/// without regard to case. Asks for the names of each folder once, by the path that the moves give; a folder that does
+/// not exist yet has none.
+[[nodiscard]] std::vector<bool> moves_to_free_names(std::span<const JournalEntry> moves, const NamesOfFolder& names_of);
+
 } // namespace multirename

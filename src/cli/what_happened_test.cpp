@@ -51,5 +51,37 @@ TEST(WhatHappened, SeesAChangeOfCaseThatWasNotMade)
     EXPECT_THAT(traced({{"C:\\", "a", "A"}}, {{"C:\\", {"A"}}}), ElementsAre(true));
 }
 
+std::vector<bool> free_moves(const std::vector<JournalEntry>& moves, const Folders& folders)
+{
+    return moves_to_free_names(moves, [&folders](const std::string& folder) {
+        const auto found = folders.find(folder);
+        return found == folders.end() ? std::set<std::string>() : found->second;
+    });
+}
+
+TEST(MovesToFreeNames, LeavesOutANameThatIsTaken)
+{
+    EXPECT_THAT(free_moves({{"C:\\", "a", "x"}, {"C:\\", "b", "y"}}, {{"C:\\", {"a", "b", "Y"}}}),
+                ElementsAre(true, false));
+}
+
+TEST(MovesToFreeNames, LeavesOutWhatWaitsForANameThatIsNotGivenUp)
+{
+    const std::vector<JournalEntry> shift = {{"C:\\", "3", "4"}, {"C:\\", "2", "3"}, {"C:\\", "1", "2"}};
+    EXPECT_THAT(free_moves(shift, {{"C:\\", {"1", "2", "3"}}}), ElementsAre(true, true, true));
+    EXPECT_THAT(free_moves(shift, {{"C:\\", {"1", "2", "3", "4"}}}), ElementsAre(false, false, false));
+}
+
+TEST(MovesToFreeNames, ItsOwnNameIsInNobodysWay)
+{
+    EXPECT_THAT(free_moves({{"C:\\", "a", "A"}}, {{"C:\\", {"a"}}}), ElementsAre(true));
+}
+
+TEST(MovesToFreeNames, EachFolderHasItsOwnNames)
+{
+    EXPECT_THAT(free_moves({{"C:\\d\\", "a", "x"}, {"C:\\new\\", "a", "x"}}, {{"C:\\d\\", {"a", "x"}}}),
+                ElementsAre(false, true));
+}
+
 } // namespace
 } // namespace multirename

@@ -28,7 +28,7 @@ struct ProblemCounts {
 
 /// The entries that one run is about: those the host named, and every other entry of their folders, so that new names
 /// can be checked against all names that exist there. Each folder is listed once; names that come or go on disk later
-/// are not seen.
+/// are not seen until a rename looks for them.
 class FileSet {
 public:
     /// The disk must outlive the set.

@@ -34,6 +34,18 @@ Filename* RenameFolder::find(std::u16string_view name) const
     return entries == nullptr ? nullptr : entries->find(name);
 }
 
+FilenameSet RenameFolder::entries_that_appeared() const
+{
+    FolderEntries appeared;
+    if (disk_ != nullptr) {
+        disk_->list_folder(path, [&](const DirectoryEntry& entry) {
+            if (find(entry.name) == nullptr)
+                appeared.add(entry);
+        });
+    }
+    return FilenameSet(std::move(appeared), tells_case_apart);
+}
+
 void RenameFolder::read_details(Filename& entry) const
 {
     if (entry.has_details || disk_ == nullptr)

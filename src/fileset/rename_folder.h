@@ -35,6 +35,10 @@ struct RenameFolder {
     /// there is none or nothing was listed.
     [[nodiscard]] Filename* find(std::u16string_view name) const;
 
+    /// Lists the folder once more, and gives the entries that it did not have when it was loaded; none when it cannot
+    /// be read. Changes no record.
+    [[nodiscard]] FilenameSet entries_that_appeared() const;
+
     /// Fills in what the listing did not tell of the entry, if there is such.
     void read_details(Filename& entry) const;
 

@@ -227,4 +227,17 @@ void check_all(FileSet& files)
         check_folder(*folder);
 }
 
+void check_for_names_that_appeared(FileSet& files)
+{
+    for (const auto& folder : files.folders) {
+        if (folder->rename_order.empty())
+            continue;
+        const FilenameSet appeared = folder->entries_that_appeared();
+        for (Filename* const entry : folder->rename_order) {
+            if (entry->status == Status::Ready || entry->status == Status::ExistingName)
+                entry->status = appeared.find(entry->new_name) == nullptr ? Status::Ready : Status::ExistingName;
+        }
+    }
+}
+
 } // namespace multirename

@@ -16,4 +16,9 @@ void check_folder(RenameFolder& folder);
 /// `check_folder` for every folder.
 void check_all(FileSet& files);
 
+/// Looks at the disk once more, for a rename that is to follow at once: an entry of a rename order whose new name has
+/// come to exist since its folder was read becomes ExistingName, and one that had become so by an earlier look is Ready
+/// again when the name has gone. What the checks above refuse stays refused. Lists each folder that has a rename order.
+void check_for_names_that_appeared(FileSet& files);
+
 } // namespace multirename

@@ -346,4 +346,10 @@ Verdict RenameRun::judge()
     return {};
 }
 
+Verdict RenameRun::judge_for_rename()
+{
+    check_for_names_that_appeared(files_);
+    return judge();
+}
+
 } // namespace multirename

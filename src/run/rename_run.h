@@ -152,7 +152,11 @@ public:
     /// Whether all new names can be had, with a message that counts the problems when they cannot.
     [[nodiscard]] Verdict judge();
 
-    /// Carries out the rename; call it only after `judge` said so, and end the run then: the records keep the old
+    /// The same after a last look at the disk, for a rename that is to follow at once: names that have come to exist
+    /// since the folders were read are existing names too.
+    [[nodiscard]] Verdict judge_for_rename();
+
+    /// Carries out the rename; call it only after one of these said so, and end the run then: the records keep the old
     /// names.
     void rename(OwnerWindow owner, RenameProgress& progress) { rename_all(owner, files_, progress); }
 

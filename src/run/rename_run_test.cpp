@@ -992,6 +992,58 @@ std::u16string refusal(RenameRun& run)
     return verdict.message.text;
 }
 
+TEST(RunVerdict, ANameThatHasAppearedSinceIsAnExistingName)
+{
+    TestRun test({u"a1", u"a2"});
+    test.run.set_part_text(0, u"b");
+    test.disk_files.disk.add(std::u16string(test_folder), u"B2");
+    EXPECT_EQ(test.run.judge().kind, Verdict::Kind::Rename);
+    const Verdict verdict = test.run.judge_for_rename();
+    EXPECT_EQ(verdict.kind, Verdict::Kind::Refuse);
+    EXPECT_EQ(verdict.message.text,
+              u"Unable to rename files:\r\n1 file is being renamed to the same name as an existing file.");
+    EXPECT_EQ(test.statuses(), (Statuses{Status::Ready, Status::ExistingName}));
+    EXPECT_EQ(test.run.row(1).image, StatusImage::ExistingName);
+}
+
+TEST(RunVerdict, ANameThatHasAppearedAndGoneAgainIsFree)
+{
+    TestRun test({u"a1", u"a2"});
+    test.run.set_part_text(0, u"b");
+    test.disk_files.disk.add(std::u16string(test_folder), u"b2");
+    EXPECT_EQ(test.run.judge_for_rename().kind, Verdict::Kind::Refuse);
+    test.disk_files.disk.folders[std::u16string(test_folder)].pop_back();
+    EXPECT_EQ(test.run.judge_for_rename().kind, Verdict::Kind::Rename);
+    EXPECT_EQ(renames_of(test.run), (Names{u"a1 > b1", u"a2 > b2"}));
+}
+
+TEST(RunVerdict, ANameThatHasAppearedInNobodysWayIsNoProblem)
+{
+    TestRun test({u"a1", u"a2"});
+    test.run.set_part_text(0, u"b");
+    test.disk_files.disk.add(std::u16string(test_folder), u"b3");
+    EXPECT_EQ(test.run.judge_for_rename().kind, Verdict::Kind::Rename);
+}
+
+TEST(RunVerdict, NamesThatAreMovedAwayHaveNotAppeared)
+{
+    TestRun test({u"a1", u"a2", u"a3"});
+    test.run.part(1).renumber = true;
+    test.run.part(1).startNumber = 2;
+    test.run.refresh_names();
+    EXPECT_EQ(test.run.judge_for_rename().kind, Verdict::Kind::Rename);
+}
+
+TEST(RunVerdict, TheLastLookAtTheDiskForgivesNothing)
+{
+    TestRun test({u"a1", u"a2"}, {u"b2"});
+    test.run.set_part_text(0, u"b");
+    EXPECT_EQ(test.run.judge_for_rename().kind, Verdict::Kind::Refuse);
+    test.run.set_part_text(0, u"c?");
+    EXPECT_EQ(test.run.judge_for_rename().kind, Verdict::Kind::Refuse);
+    EXPECT_EQ(test.statuses(), (Statuses{Status::Forbidden, Status::Forbidden}));
+}
+
 TEST(RunVerdict, ASwapIsRefusedAsTwoExistingNames)
 {
     TestRun test({u"A.txt", u"B.txt"});

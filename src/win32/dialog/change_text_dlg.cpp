@@ -357,9 +357,12 @@ LRESULT ChangeTextDlg::list_drawn(ListCustomDraw event)
 
 void ChangeTextDlg::OnOK()
 {
-    const Verdict verdict = run_->judge();
+    const Verdict verdict = run_->judge_for_rename();
     switch (verdict.kind) {
-    case Verdict::Kind::Refuse: show(verdict.message); return;
+    case Verdict::Kind::Refuse:
+        names_list_.repaint(); // the last look at the disk may have changed what the rows show
+        show(verdict.message);
+        return;
     case Verdict::Kind::NothingToDo: show(verdict.message); break;
     case Verdict::Kind::Rename: {
         RenameProgressDlg progress;
