@@ -3,11 +3,13 @@
 
 #include "cli/program.h"
 #include "platform/console.h"
+#include "platform/system_libraries.h"
 #include "platform/user_folders.h"
 
 int main(int argc, char** argv)
 {
     using namespace multirename;
+    find_only_system_libraries();
     try {
         use_locale_of_user();
         return static_cast<int>(

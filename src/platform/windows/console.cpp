@@ -100,6 +100,9 @@ UniqueProcess start(const std::wstring& command, HANDLE input)
     startup.hStdInput = input;
     startup.hStdOutput = GetStdHandle(STD_OUTPUT_HANDLE);
     startup.hStdError = GetStdHandle(STD_ERROR_HANDLE);
+    // The shell runs what the working folder holds in place of what it was asked for, unless told so. There lie the
+    // files to be renamed, from wherever they came.
+    SetEnvironmentVariableW(L"NoDefaultCurrentDirectoryInExePath", L"1");
     PROCESS_INFORMATION started{};
     if (CreateProcessW(shell.c_str(), line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup, &started) ==
         FALSE)

@@ -146,6 +146,13 @@ TEST_F(WindowsConsoleTest, GivesTheExitStatusOfACommand)
     EXPECT_EQ(system_console().variable("MULTIRENAME_FILE"), std::nullopt);
 }
 
+// Wine's shell looks there all the same, so what is tested is what Windows' own goes by.
+TEST_F(WindowsConsoleTest, ACommandIsNotLookedForInTheWorkingFolder)
+{
+    const ScopedVariable none("NoDefaultCurrentDirectoryInExePath", std::nullopt);
+    EXPECT_EQ(system_console().run_on_file("if not defined NoDefaultCurrentDirectoryInExePath exit 5 &", "ignored"), 0);
+}
+
 TEST_F(WindowsConsoleTest, ACommandMayBeQuoted)
 {
     const std::string shell = "\"" + system_console().variable("COMSPEC").value_or("cmd.exe") + "\"";

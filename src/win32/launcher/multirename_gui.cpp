@@ -11,6 +11,7 @@
 #include <system_error>
 #include <vector>
 
+#include "platform/system_libraries.h"
 #include "platform/unique_handle.h"
 #include "platform/windows/wide.h"
 #include "text/utf8.h"
@@ -55,6 +56,7 @@ ExitStatus run() noexcept
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int)
 {
+    multirename::find_only_system_libraries();
     // An empty drive or a damaged library is told in this program's own words, not in a box of the system's.
     SetErrorMode(SEM_FAILCRITICALERRORS);
     return multirename::run();
