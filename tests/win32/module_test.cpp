@@ -34,6 +34,12 @@ TEST(ModuleFile, NeedsOnlyLibrariesThatWindowsShips)
     EXPECT_THAT(imported_libraries(module.handle()), testing::Each(testing::AnyOfArray(shipped)));
 }
 
+TEST(ModuleFile, LeavesMistakesWithMemoryOfNoUse)
+{
+    const Module module;
+    EXPECT_THAT(missing_protections(module.handle()), testing::IsEmpty());
+}
+
 TEST(ModuleFile, TellsItsVersion)
 {
     const Module module;

@@ -15,14 +15,6 @@ using multirename::UniqueFile;
 
 namespace {
 
-std::wstring program_path()
-{
-    std::array<wchar_t, MAX_PATH> path{};
-    GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
-    std::wstring folder = path.data();
-    return folder.substr(0, folder.rfind(L'\\') + 1) + L"multirename.exe";
-}
-
 // The words in quotes, as the runtime takes them apart again.
 std::wstring command_line(const std::vector<std::u16string>& words)
 {
@@ -69,6 +61,14 @@ std::string content_of(const UniqueFile& file)
 
 } // namespace
 
+std::u16string console_program_path()
+{
+    std::array<wchar_t, MAX_PATH> path{};
+    GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
+    const std::u16string tests = multirename::from_wide(path.data());
+    return tests.substr(0, tests.rfind(u'\\') + 1) + u"multirename.exe";
+}
+
 ConsoleResult run_console_program(const ConsoleRun& run)
 {
     const UniqueFile input = stream_file();
@@ -89,7 +89,8 @@ ConsoleResult run_console_program(const ConsoleRun& run)
     PROCESS_INFORMATION process{};
     std::wstring line = command_line(run.words);
     const std::wstring folder = to_wide(run.folder);
-    const BOOL started = CreateProcessW(program_path().c_str(), line.data(), nullptr, nullptr, TRUE, 0, nullptr,
+    const std::wstring program = to_wide(run.program.empty() ? console_program_path() : run.program);
+    const BOOL started = CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, TRUE, 0, nullptr,
                                         folder.empty() ? nullptr : folder.c_str(), &start, &process);
     for (const auto& [name, value] : run.environment)
         SetEnvironmentVariableW(to_wide(name).c_str(), nullptr);

@@ -10,6 +10,7 @@ struct ConsoleRun {
     std::u16string folder; ///< the working folder
     std::string input;
     std::map<std::u16string, std::u16string> environment; ///< set on top of the tests' own
+    std::u16string program; ///< empty: the one beside the tests
 };
 
 struct ConsoleResult {
@@ -17,6 +18,9 @@ struct ConsoleResult {
     std::string output; ///< UTF-8
     std::string errors;
 };
+
+/// The full path of the program beside the tests.
+[[nodiscard]] std::u16string console_program_path();
 
 /// Runs the program to its end. Fails the test when it cannot be started.
 [[nodiscard]] ConsoleResult run_console_program(const ConsoleRun& run);

@@ -25,7 +25,7 @@ class ConsoleProgram : public testing::Test {
 protected:
     ConsoleResult run(const std::vector<std::u16string>& words, const std::string& input = {}) const
     {
-        return run_console_program({words, folder.path(), input, {}});
+        return run_console_program({words, folder.path(), input, {}, {}});
     }
 
     TempFolder folder;
@@ -148,7 +148,8 @@ TEST_F(ConsoleProgram, TakesTheLinesOfTheEditor)
     DWORD written = 0;
     WriteFile(script, text.data(), static_cast<DWORD>(text.size()), &written, nullptr);
     CloseHandle(script);
-    ConsoleRun edit{{u"edit", u"a1.txt", u"a2.txt"}, folder.path(), {}, {{u"EDITOR", folder.path_of(u"editor.cmd")}}};
+    ConsoleRun edit{
+        {u"edit", u"a1.txt", u"a2.txt"}, folder.path(), {}, {{u"EDITOR", folder.path_of(u"editor.cmd")}}, {}};
     const ConsoleResult result = run_console_program(edit);
     EXPECT_EQ(result.exit_status, done) << result.errors;
     EXPECT_EQ(folder.files().count(u"north.txt"), 1U);
@@ -172,6 +173,14 @@ TEST_F(ConsoleProgram, NeedsNoLibraryButTheSystemsOwn)
     for (const std::string& library : imported_libraries(program))
         EXPECT_THAT(library, testing::AnyOf("kernel32.dll", "msvcrt.dll", "shell32.dll", "user32.dll", "advapi32.dll"))
             << library;
+    FreeLibrary(program);
+}
+
+TEST_F(ConsoleProgram, LeavesMistakesWithMemoryOfNoUse)
+{
+    const HMODULE program = LoadLibraryExW(L"multirename.exe", nullptr, DONT_RESOLVE_DLL_REFERENCES);
+    ASSERT_NE(program, nullptr);
+    EXPECT_THAT(missing_protections(program), IsEmpty());
     FreeLibrary(program);
 }
 

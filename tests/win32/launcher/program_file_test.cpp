@@ -75,3 +75,9 @@ TEST_F(ProgramFile, NeedsOnlyLibrariesThatWindowsShips)
                                               "shell32.dll",  "shlwapi.dll", "user32.dll"};
     EXPECT_THAT(imported_libraries(file.get()), testing::Each(testing::AnyOfArray(shipped)));
 }
+
+TEST_F(ProgramFile, LeavesMistakesWithMemoryOfNoUse)
+{
+    ASSERT_TRUE(file);
+    EXPECT_THAT(missing_protections(file.get()), testing::IsEmpty());
+}
