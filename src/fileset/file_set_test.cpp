@@ -395,6 +395,19 @@ TEST_F(Summarise, StartsAfreshEachTime)
     EXPECT_FALSE(files().any_read_only_change);
 }
 
+TEST(FileSet, AFolderThatWasNeverListedCountsForNothing)
+{
+    TestFiles test({u"C:\\A\\a"});
+    test.files.mark_scope({});
+    test.files.folders.push_back(std::make_shared<RenameFolder>(u"C:\\B\\"));
+    test.files.listed[0]->status = Status::Empty;
+    test.files.summarise();
+    EXPECT_EQ(test.files.summary_status, Status::Empty);
+    EXPECT_EQ(test.files.count_problems().empty, 1U);
+    test.files.mark_all_invalid();
+    EXPECT_EQ(test.files.listed[0]->status, Status::Forbidden);
+}
+
 TEST(CountProblems, CountsEachKindAmongTheEntriesInScope)
 {
     TestFiles test({u"a", u"b", u"c", u"d", u"e", u"f", u"g", u"h", u"i", u"j"});

@@ -143,8 +143,27 @@ INSTANTIATE_TEST_SUITE_P(
                     RandomNames{"WithMuchInFrontThatIsTheSame", 3000, u"aA0123456789", u"IMG_20240305_", 6},
                     RandomNames{"OfAllKindsOfUnits", 3000, u"a\u00E9\u00C9\u4E00\uFF5E\xD83D\xDE00\x01", u"\u00E9t", 9},
                     RandomNames{"ThatAreLong", 1500, u"aB", u"", 255},
+                    RandomNames{"ThatDifferInEveryBit", 2000, u"\u5555\uAAAA", u"", 24},
+                    RandomNames{"ManyOfFewBits", 1500, u"ab", u"x", 3},
+                    RandomNames{"ManyOfMoreBits", 1500, u"ab", u"x", 8}, RandomNames{"ThatAreFew", 17, u"ab", u"x", 9},
                     RandomNames{"WithNulInThem", 500, {u"a\0", 2}, u"a", 6}),
     [](const auto& row) { return std::string(row.param.sentence); });
+
+// One name takes up all the bits that are looked at first, and the others differ behind it, before what all share.
+TEST(FilenameSet, ANameUnlikeTheOthersHidesNotWhereTheyDiffer)
+{
+    for (const std::size_t same_behind : {0U, 4U, 8U, 40U}) {
+        Names names;
+        for (std::size_t i = 0; i < 40; ++i) {
+            const auto differing = static_cast<char16_t>(u'a' + (i * 7) % 26);
+            const auto second = static_cast<char16_t>(u'a' + (i * 7) % 40 / 26);
+            names.push_back(std::u16string(4, u'\u5555') + second + differing + u"__" +
+                            std::u16string(same_behind, u'z'));
+        }
+        names.push_back(std::u16string(4, u'\uAAAA') + names.front().substr(4));
+        EXPECT_EQ(names_of(set_of(names)), sorted_plainly(names, false)) << same_behind;
+    }
+}
 
 TEST(FilenameSet, KeepsWhatTheListingTellsOfEachEntry)
 {

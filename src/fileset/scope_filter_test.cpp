@@ -86,7 +86,10 @@ INSTANTIATE_TEST_SUITE_P(Escapes, ScopePatternRow,
                                          ScopeRow{"AnEscapedQuestionMark", u"\\?", u"A", false},
                                          ScopeRow{"AnEscapedBackslash", u"\\\\", u"\\", true},
                                          ScopeRow{"AnEscapedLetterIsTheLetter", u"\\A", u"A", true},
-                                         ScopeRow{"AnEscapedHashBehindAWild", u"*\\#", u"AB#", true}),
+                                         ScopeRow{"AnEscapedHashBehindAWild", u"*\\#", u"AB#", true},
+                                         ScopeRow{"ABackslashAtTheEndMatchesNoCharacter", u"A\\", u"AB", false},
+                                         ScopeRow{"ABackslashAtTheEndMatchesNoBackslash", u"A\\", u"A\\", false},
+                                         ScopeRow{"ABackslashAtTheEndIsNotSkipped", u"A\\", u"A", false}),
                          sentence_of);
 
 INSTANTIATE_TEST_SUITE_P(Slashes, ScopePatternRow,

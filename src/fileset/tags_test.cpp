@@ -296,8 +296,18 @@ INSTANTIATE_TEST_SUITE_P(All, TagFolder,
                          testing::Values(FolderRow{"OfAFolderInAFolder", u"C:\\A\\B c\\", u"B c"},
                                          FolderRow{"OfAFolderInTheRoot", u"C:\\A\\", u"A"},
                                          FolderRow{"OfTheRootItIsNothing", u"C:\\", u""},
-                                         FolderRow{"OfANetworkShare", u"\\\\server\\share\\", u"share"}),
+                                         FolderRow{"OfANetworkShare", u"\\\\server\\share\\", u"share"},
+                                         FolderRow{"OfABackslashAloneItIsNothing", u"\\", u""},
+                                         FolderRow{"OfTwoBackslashesItIsNothing", u"\\\\", u""},
+                                         FolderRow{"OfNoPathItIsNothing", u"", u""}),
                          [](const auto& row) { return std::string(row.param.sentence); });
+
+TEST(TagFolder, OfAnEntryWithoutAFolderIsNothing)
+{
+    const Filename entry;
+    EXPECT_TRUE(expand(u"<F>", &entry).valid);
+    EXPECT_EQ(expand(u"<F>", &entry).text, u"");
+}
 
 class TagCapture : public testing::Test {
 protected:

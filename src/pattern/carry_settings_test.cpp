@@ -155,6 +155,20 @@ TEST(CarrySettings, ANumberTakesEverythingButTheBaseNumber)
     EXPECT_EQ(new_pattern.parts[1].baseNumber, 3);
 }
 
+TEST(CarrySettings, ANumberTakesNothingThatIsForWildsAlone)
+{
+    NamePattern old_pattern = with_number_settings(u"a#", 1);
+    old_pattern.parts[1].truncate = true;
+    old_pattern.parts[1].findText = u"find";
+    old_pattern.parts[1].caseStyle = CaseStyle::Snake;
+    NamePattern new_pattern = parsed(u"a#");
+    carryPartSettings(new_pattern, old_pattern);
+    EXPECT_TRUE(has_number_settings(new_pattern.parts[1]));
+    EXPECT_FALSE(new_pattern.parts[1].truncate);
+    EXPECT_EQ(new_pattern.parts[1].findText, u"");
+    EXPECT_EQ(new_pattern.parts[1].caseStyle, CaseStyle::Unchanged);
+}
+
 TEST(CarrySettings, ANumberFollowsTheTextBeforeIt)
 {
     NamePattern new_pattern = parsed(u"x*a#b");

@@ -60,6 +60,16 @@ TEST(ModePatterns, AreThoseThatEachModeGivesByItself)
     EXPECT_EQ(base_numbers(modes.patterns[1]), (std::vector<std::int64_t>{7}));
 }
 
+TEST(ModePatterns, ANumberThatOnlyWholeNamesShareHasItsSmallestValue)
+{
+    TestFiles test({u"a.b7", u"a.b8.b7"});
+    const ModePatterns modes = computeModePatterns(test.files, true);
+    EXPECT_EQ(modes.extension_text, u".b7");
+    EXPECT_EQ(modes.patterns[0].patternText, u"a*");
+    EXPECT_EQ(modes.patterns[1].patternText, u"a.b#*");
+    EXPECT_EQ(base_numbers(modes.patterns[1]), (std::vector<std::int64_t>{7}));
+}
+
 TEST(ModePatterns, OfRandomNamesAreThoseThatEachModeGivesByItself)
 {
     std::mt19937 random(1);

@@ -316,6 +316,19 @@ void expect_answers(const Names& names)
 
 TEST(PatternOfHostileNames, AnswersForNamesRichInShortRunsOfDigits) { expect_answers(random_names(u"01a", 8, 30)); }
 
+// No disk gives such names, which are moved aside before.
+TEST(PatternOfHostileNames, AnswersForNamesThatHoldTheSignForNumbers)
+{
+    for (const std::u16string_view alphabet : {u"a:", u"a1:", u"1:", u"ab12:-"}) {
+        for (const std::size_t length : {1U, 3U, 6U, 12U}) {
+            const Names names = random_names(alphabet, 4, length);
+            const std::u16string pattern = pattern_of(names, numbers);
+            EXPECT_EQ(pattern.find(u':'), std::u16string::npos);
+            EXPECT_EQ(pattern_of(names, numbers), pattern);
+        }
+    }
+}
+
 TEST(PatternOfHostileNames, AnswersForAThousandHexadecimalNames)
 {
     expect_answers(random_names(u"0123456789abcdef", 1'000, 64));

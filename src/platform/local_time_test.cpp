@@ -67,6 +67,12 @@ TEST(FormatTime, AHashAfterThePercentSignDropsLeadingZeros)
     EXPECT_EQ(format_time(fifth_of_march(), "%#d.%#m.%#Y"), u"5.3.2024");
 }
 
+TEST(FormatTime, APercentSignAtTheEndStands)
+{
+    EXPECT_EQ(format_time(fifth_of_march(), "%"), u"%");
+    EXPECT_EQ(format_time(fifth_of_march(), "%d%"), u"05%");
+}
+
 TEST(FormatTime, OtherBytesAreCopiedAsTheUnitsOfTheirValue)
 {
     EXPECT_EQ(format_time(fifth_of_march(), "a\xE9\xFFz"), u"a\u00E9\u00FFz");

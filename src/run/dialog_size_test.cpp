@@ -60,6 +60,14 @@ TEST_F(DialogSizeTest, IsNotTakenFromLengthsThatNoScreenHas)
     settings.write(u"MultiRenameDlgWidth", 0xFFFFFFFF);
     settings.write(u"MultiRenameDlgHeight", 600);
     EXPECT_EQ(remembered_size(settings, 96), std::nullopt);
+    settings.write(u"MultiRenameDlgWidth", 100'001);
+    EXPECT_EQ(remembered_size(settings, 96), std::nullopt);
+    settings.write(u"MultiRenameDlgWidth", 800);
+    settings.write(u"MultiRenameDlgHeight", 100'001);
+    EXPECT_EQ(remembered_size(settings, 96), std::nullopt);
+    settings.write(u"MultiRenameDlgWidth", 100'000);
+    settings.write(u"MultiRenameDlgHeight", 100'000);
+    EXPECT_NE(remembered_size(settings, 96), std::nullopt);
 }
 
 } // namespace multirename

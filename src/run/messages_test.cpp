@@ -63,11 +63,14 @@ TEST(WithInserts, AnInsertWithoutAValueStands)
 {
     EXPECT_EQ(with_inserts(u"%1!d! %2!d!", {3}), u"3 %2!d!");
     EXPECT_EQ(with_inserts(u"%1!d!", {}), u"%1!d!");
+    EXPECT_EQ(with_inserts(u"%0!d!", {3}), u"%0!d!");
 }
 
 TEST(WithInserts, OtherTextStands)
 {
     EXPECT_EQ(with_inserts(u"100 % of all!", {3}), u"100 % of all!");
+    EXPECT_EQ(with_inserts(u"%1 %1!x! %1!d %1", {3}), u"%1 %1!x! %1!d %1");
+    EXPECT_EQ(with_inserts(u"% 1!d! %-1!d! %!d! 100 %", {3}), u"% 1!d! %-1!d! %!d! 100 %");
     EXPECT_EQ(with_inserts(u"", {3}), u"");
 }
 

@@ -41,6 +41,8 @@ TEST_F(NumberSettingsTest, ShowTheStartOfARenumberedPart)
     part.startNumber = 30;
     part.baseNumber = 12;
     EXPECT_EQ(NumberSettings(part, remembered).first_start_text(), u"30");
+    part.startNumber = 0;
+    EXPECT_EQ(NumberSettings(part, remembered).first_start_text(), u"0");
     part.startNumber = -1;
     EXPECT_EQ(NumberSettings(part, remembered).first_start_text(), u"12");
     part.renumber = false;
@@ -66,6 +68,19 @@ TEST_F(NumberSettingsTest, AnUnknownModeIsShownAsUnchanged)
 {
     part.leadingZeros = LeadingZerosMode{7};
     EXPECT_EQ(NumberSettings(part, remembered).zeros(), LeadingZerosMode::Unchanged);
+}
+
+TEST_F(NumberSettingsTest, EitherOfTheTwoGroupsCanBeReset)
+{
+    EXPECT_FALSE(NumberSettings(part, remembered).reset_enabled());
+    part.leadingZeros = LeadingZerosMode::RemoveZeros;
+    const NumberSettings without_zeros(part, remembered);
+    EXPECT_EQ(without_zeros.zeros(), LeadingZerosMode::RemoveZeros);
+    EXPECT_EQ(without_zeros.number(), NumberChoice::NoChange);
+    EXPECT_TRUE(without_zeros.reset_enabled());
+    part.leadingZeros = LeadingZerosMode::Unchanged;
+    part.renumber = true;
+    EXPECT_TRUE(NumberSettings(part, remembered).reset_enabled());
 }
 
 TEST_F(NumberSettingsTest, ClearTextClosesTheZerosButNotTheirDigits)

@@ -79,6 +79,15 @@ TEST_F(PartMenuTest, ClearsAWildPartByTruncatingItToNothing)
     EXPECT_EQ(enabled(wild), (Choices{true, false}));
 }
 
+TEST_F(PartMenuTest, LeavesAWildPartAsItIsWhereTheChoiceIsForNumbers)
+{
+    wild.caseStyle = CaseStyle::Title;
+    choose(PartCommand::Renumber, wild, &remembered);
+    EXPECT_FALSE(wild.truncate);
+    EXPECT_FALSE(wild.renumber);
+    EXPECT_EQ(wild.caseStyle, CaseStyle::Title);
+}
+
 TEST_F(PartMenuTest, KeepsTheLengthOfAWildPartThatIsReset)
 {
     choose(PartCommand::ClearText, wild, &remembered);
@@ -184,6 +193,9 @@ TEST_F(PartMenuTest, TakesTheSmallestOldNumberWhereTheStartIsNotSet)
     EXPECT_FALSE(enabled(number).back());
     number.baseNumber = 13;
     EXPECT_TRUE(enabled(number).back());
+    remember(0, LeadingZerosMode::Unchanged, 4);
+    number.startNumber = 0;
+    EXPECT_FALSE(enabled(number).back());
 }
 
 TEST_F(PartMenuTest, RenumbersFromOneWhenNothingIsRemembered)

@@ -46,6 +46,8 @@ INSTANTIATE_TEST_SUITE_P(
         DecimalRow{"MinusMakesItNegative", u"-42", -42}, DecimalRow{"WhiteSpaceMayStandBeforeTheMinus", u"  -5", -5},
         DecimalRow{"ASecondMinusIsNoDigit", u"--5", 0}, DecimalRow{"AMinusAloneIsZero", u"-", 0},
         DecimalRow{"TheFirstOtherCharacterEndsIt", u"12a34", 12}, DecimalRow{"ForeignDigitsEndIt", u"1\u0663", 1},
+        DecimalRow{"AControlIsNoWhiteSpace", u"\b5", 0},
+        DecimalRow{"TheFirstOtherCharacterEndsALongOneToo", u"1234567890123456789a1", 1234567890123456789},
         DecimalRow{"TheLargestIsRead", u"9223372036854775807", largest},
         DecimalRow{"OneMoreGivesTheLargest", u"9223372036854775808", largest},
         DecimalRow{"AHundredDigitsGiveTheLargest",

@@ -28,6 +28,20 @@ TEST(Wtf8, OtherBytesBecomeReplacementCharacters)
     EXPECT_EQ(from_wtf8("a\xFF"), u"a\xFFFD");
     EXPECT_EQ(from_wtf8("\xED\xA0"), u"\xFFFD\xFFFD");
     EXPECT_EQ(from_wtf8("\xED\x20\xA0z"), u"\xFFFD \xFFFDz");
+    EXPECT_EQ(from_wtf8("\xED\xA0\x20z"), u"\xFFFD\xFFFD z");
+    EXPECT_EQ(from_wtf8("\xED\xA0\xC0z"), u"\xFFFD\xFFFD\xFFFDz");
+    EXPECT_EQ(from_wtf8("\xED\xC0\x80z"), u"\xFFFD\xFFFD\xFFFDz");
+    EXPECT_EQ(from_wtf8("\xEF\xA0\xFFz"), u"\xFFFD\xFFFD\xFFFDz");
+}
+
+TEST(Wtf8, TheFirstAndTheLastHalvesComeBack)
+{
+    for (const char16_t half :
+         {u'\xD800', u'\xDBFF', u'\xDC00', u'\xDC7F', u'\xDC80', u'\xDCFF', u'\xDD00', u'\xDFFF'}) {
+        const std::u16string text{u'x', half};
+        EXPECT_EQ(to_wtf8(text).size(), 4U);
+        EXPECT_EQ(from_wtf8(to_wtf8(text)), text);
+    }
 }
 
 TEST(Wtf8, AnyTextComesBackAsItWas)

@@ -47,6 +47,8 @@ INSTANTIATE_TEST_SUITE_P(
         CaseRow{"SentenceKeepsTheDueCapitalOverDigits", CaseStyle::Sentence, u"x. 22 y", u"X. 22 Y"},
         CaseRow{"SentenceLeavesWhatIsNoLetterAlone", CaseStyle::Sentence, u"--- ...", u"--- ..."},
 
+        CaseRow{"TheLastUnitOfAsciiSeparates", CaseStyle::Snake, u"a\u007Fb", u"a_b"},
+        CaseRow{"ForeignSignsDoNotSeparate", CaseStyle::Snake, u"a\u0080c\u00A0d", u"a\u0080c\u00A0d"},
         CaseRow{"CamelJoinsWords", CaseStyle::Camel, u"Hello big_world", u"helloBigWorld"},
         CaseRow{"CamelLowersARunOfCapitalsInFront", CaseStyle::Camel, u"PDFFileName", u"pdfFileName"},
         CaseRow{"CamelOfSeparatorsIsEmpty", CaseStyle::Camel, u"--- ...", u""},
