@@ -143,3 +143,12 @@ TEST_F(Faults, AFileWhosePathIsTooLongIsLeftAlone)
     dialog.rename();
     EXPECT_EQ(folder.files(), (Files{{long_name, long_name}, {deep + u"\\b2", deep + u"\\a2"}}));
 }
+
+TEST_F(Faults, AFileThatGetsADevicesNameIsNotLost)
+{
+    OpenDialog dialog(module, made({u"a.txt"}));
+    dialog.type_into(part(0), u"nul");
+    dialog.rename();
+    ASSERT_EQ(folder.files().size(), 1U);
+    EXPECT_EQ(folder.files().begin()->second, u"a.txt");
+}
