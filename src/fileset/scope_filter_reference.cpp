@@ -2,17 +2,19 @@
 
 #include <algorithm>
 
+#include "fileset/testing/step_budget.h"
+
 namespace multirename {
 
 namespace {
 
 class PlainScopeMatcher {
 public:
-    explicit PlainScopeMatcher(std::uint64_t most_steps) : steps_left_(most_steps) { }
+    explicit PlainScopeMatcher(std::uint64_t most_steps) : budget_(most_steps) { }
 
     bool matches(std::u16string_view pattern, std::u16string_view text)
     {
-        if (!step())
+        if (!budget_.step())
             return false;
         if (text.empty())
             return pattern.find_first_not_of(u"*/") == std::u16string_view::npos;
@@ -33,29 +35,21 @@ public:
         }
     }
 
-    [[nodiscard]] bool gave_up() const { return gave_up_; }
+    [[nodiscard]] bool gave_up() const { return budget_.gave_up(); }
 
 private:
     bool matches_behind_any(std::u16string_view rest, std::u16string_view text)
     {
         if (rest.empty())
             return true;
-        for (; !text.empty() && !gave_up_; text.remove_prefix(1)) {
+        for (; !text.empty() && !gave_up(); text.remove_prefix(1)) {
             if (matches(rest, text))
                 return true;
         }
         return false;
     }
 
-    bool step()
-    {
-        gave_up_ = gave_up_ || steps_left_ == 0;
-        steps_left_ -= gave_up_ ? 0 : 1;
-        return !gave_up_;
-    }
-
-    std::uint64_t steps_left_;
-    bool gave_up_ = false;
+    StepBudget budget_;
 };
 
 } // namespace

@@ -1,17 +1,19 @@
 #include "pattern/match_name_reference.h"
 
+#include "fileset/testing/step_budget.h"
+
 namespace multirename {
 
 namespace {
 
 class PlainMatcher {
 public:
-    explicit PlainMatcher(std::uint64_t most_steps) : steps_left_(most_steps) { }
+    explicit PlainMatcher(std::uint64_t most_steps) : budget_(most_steps) { }
 
     bool match(std::u16string_view text, std::span<const NamePart> parts, std::vector<std::u16string>& captures)
     {
         for (std::size_t k = 0; k < parts.size(); ++k) {
-            if (!step())
+            if (!budget_.step())
                 return false;
             const NamePart& part = parts[k];
             if (part.kind == NamePartKind::Wild)
@@ -25,7 +27,7 @@ public:
         return text.empty();
     }
 
-    [[nodiscard]] bool gave_up() const { return gave_up_; }
+    [[nodiscard]] bool gave_up() const { return budget_.gave_up(); }
 
 private:
     static std::optional<std::size_t> length_taken(const NamePart& part, std::u16string_view text)
@@ -49,21 +51,13 @@ private:
             if (match(text.substr(length), parts.subspan(1), captures))
                 return true;
             captures.resize(captured_before);
-            if (wild.fixedLength || gave_up_)
+            if (wild.fixedLength || gave_up())
                 return false;
         }
         return false;
     }
 
-    bool step()
-    {
-        gave_up_ = gave_up_ || steps_left_ == 0;
-        steps_left_ -= gave_up_ ? 0 : 1;
-        return !gave_up_;
-    }
-
-    std::uint64_t steps_left_;
-    bool gave_up_ = false;
+    StepBudget budget_;
 };
 
 } // namespace

@@ -14,6 +14,9 @@ TEST(MemoryMistakeDeathTest, AnOverwrittenStackEndsTheProcess)
 
 TEST(MemoryMistakeDeathTest, ACopyIntoTooSmallAPlaceEndsTheProcess)
 {
+#ifndef __OPTIMIZE__
+    GTEST_SKIP() << "only an optimising compiler knows the sizes";
+#endif
     EXPECT_DEATH(copy_too_much(), "buffer overflow detected|global-buffer-overflow");
 }
 
