@@ -38,10 +38,12 @@ FilenameSet RenameFolder::entries_that_appeared() const
 {
     FolderEntries appeared;
     if (disk_ != nullptr) {
-        disk_->list_folder(path, [&](const DirectoryEntry& entry) {
+        const FolderListing listing = disk_->list_folder(path, [&](const DirectoryEntry& entry) {
             if (find(entry.name) == nullptr)
                 appeared.add(entry);
         });
+        if (listing.error)
+            appeared = {};
     }
     return FilenameSet(std::move(appeared), tells_case_apart);
 }

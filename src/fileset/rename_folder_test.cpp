@@ -104,9 +104,11 @@ TEST(RenameFolder, ListedAgainItKeepsTheMarksOfListedEntriesAndNothingElse)
     folder.find(u"gone")->not_listed = false;
     disk.folders[path] = {};
     disk.with(path, {u"A", u"b", u"c"});
+    const std::weak_ptr<FilenameSet> old_entries = folder.entries;
 
     folder.load(disk);
 
+    EXPECT_FALSE(old_entries.expired()) << "somebody may still hold an old record";
     ASSERT_EQ(folder.entries->size(), 3U);
     const auto entry = folder.find(u"a");
     EXPECT_NE(entry, old_entry);
@@ -138,6 +140,37 @@ TEST(RenameFolder, WhereCaseIsToldApartFindsNamesExactly)
     folder.load(disk);
     EXPECT_FALSE(folder.find(u"A")->not_listed);
     EXPECT_TRUE(folder.find(u"a")->not_listed);
+}
+
+TEST(RenameFolder, TellsOfEntriesThatHaveAppearedAndKeepsItsOwn)
+{
+    FakeDisk disk;
+    disk.with(path, {u"a", u"b"});
+    RenameFolder folder(path);
+    EXPECT_TRUE(folder.entries_that_appeared().empty());
+    folder.load(disk);
+    const auto entries = folder.entries;
+    EXPECT_TRUE(folder.entries_that_appeared().empty());
+    disk.folders[path] = {};
+    disk.with(path, {u"A", u"c"});
+    const FilenameSet appeared = folder.entries_that_appeared();
+    EXPECT_EQ(appeared.size(), 1U);
+    EXPECT_NE(appeared.find(u"C"), nullptr);
+    EXPECT_EQ(folder.entries, entries);
+    EXPECT_NE(folder.find(u"b"), nullptr);
+}
+
+TEST(RenameFolder, TellsOfNoneThatHaveAppearedWhenItCannotBeReadToItsEnd)
+{
+    FakeDisk disk;
+    disk.with(path, {u"a"});
+    RenameFolder folder(path);
+    folder.load(disk);
+    disk.with(path, {u"b"});
+    disk.error_behind_entries = std::make_error_code(std::errc::io_error);
+    EXPECT_TRUE(folder.entries_that_appeared().empty());
+    disk.folders.clear();
+    EXPECT_TRUE(folder.entries_that_appeared().empty());
 }
 
 TEST(RenameFolder, AsksForDetailsOnceAndOnlyWhereTheListingDidNotTellThem)

@@ -169,6 +169,7 @@ INSTANTIATE_TEST_SUITE_P(
         PatternRow{
             "AmongWideNamesAWideCharacterThatIsNotSharedDoesNotCount", {u"bba\u4e2d", u"a\u4e00b"}, text, u"*a*"},
         PatternRow{"AnEmptyMiddleIsANarrowName", {u"\u4e2d", u"\u4e2d\u4e2d"}, text, u"\u4e2d*"},
+        PatternRow{"TheFirstWideCharacterIsWide", {u"a\u0100b", u"c\u0100d", u"\u0100-"}, text, u"*\u0100*"},
         PatternRow{"AccentedLettersAreNarrow", {u"a\u00e9b", u"c\u00e9d", u"\u00e9-"}, text, u"*\u00e9*"},
         PatternRow{"HalvesOfSurrogatePairsAreCharacters", {u"x\U0001F600y", u"z\U0001F601w"}, text, u"*\xD83D*"},
         PatternRow{"APrefixMayEndInsideASurrogatePair", {u"\U0001F600", u"\U0001F601"}, numbers, u"\xD83D*"}),

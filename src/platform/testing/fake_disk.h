@@ -18,6 +18,7 @@ public:
     std::vector<std::u16string> details_read; ///< the paths of entries that were asked for one by one
     bool gives_details = true; ///< with its listings
     bool tells_case_apart = false; ///< for names and for folders
+    std::error_code error_behind_entries; ///< of every listing, once it has told of all
 
     /// Adds a folder of plain files.
     FakeDisk& with(const std::u16string& folder_path, const std::vector<std::u16string>& names)
@@ -50,7 +51,7 @@ public:
                 told = {entry.name, entry.is_folder, entry.is_hidden};
             visit(told);
         }
-        return {tells_case_apart, {}};
+        return {tells_case_apart, error_behind_entries};
     }
 
     void read_details(std::u16string_view folder_path, DirectoryEntry& entry) override
