@@ -708,6 +708,16 @@ TEST(RunReset, AfterARemovalABoxWithNothingToChangeIsUncheckedAndDisabled)
     EXPECT_EQ(test.new_names(), (Names{u"b"}));
 }
 
+TEST(RunReset, AfterARemovalABoxMayHaveSomethingToChangeAgain)
+{
+    TestRun test({u"a1.x", u"a2.y", u"b"});
+    EXPECT_FALSE(test.run.numbers_as_text().enabled);
+    ASSERT_EQ(test.run.remove_rows(Rows{2}), std::nullopt);
+    test.run.reset();
+    EXPECT_TRUE(test.run.numbers_as_text().enabled);
+    EXPECT_TRUE(test.run.allow_extension_changes().enabled);
+}
+
 TEST(RunReset, NumbersAreStillCountedFromTheSmallest)
 {
     TestRun test({u"a5", u"a7", u"a9"});
