@@ -507,6 +507,7 @@ constexpr std::string_view files = R"(.SH FILES
 .I $XDG_STATE_HOME/multirename/*.journal
 One journal for each batch, written before its first rename.
 It is named after the moment in UTC, as the batch is, and goes when all of the batch was taken back, or after 90 days.
+A journal that belongs to another user is not followed, nor a link.
 On Windows the folder is
 .I multirename
 in the local application data.
