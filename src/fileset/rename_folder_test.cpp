@@ -177,16 +177,20 @@ TEST(RenameFolder, AsksForDetailsOnceAndOnlyWhereTheListingDidNotTellThem)
 {
     FakeDisk disk;
     disk.gives_details = false;
-    disk.add(path, u"a").size = 5;
+    DirectoryEntry& on_disk = disk.add(path, u"a");
+    on_disk.size = 5;
+    on_disk.read_only = true;
     RenameFolder folder(path);
     folder.load(disk);
     Filename& entry = *folder.find(u"a");
     EXPECT_FALSE(entry.has_details);
+    EXPECT_FALSE(entry.read_only);
     EXPECT_EQ(entry.size, 0U);
     EXPECT_EQ(disk.details_read, (std::vector<std::u16string>{}));
     folder.read_details(entry);
     folder.read_details(entry);
     EXPECT_EQ(entry.size, 5U);
+    EXPECT_TRUE(entry.read_only);
     EXPECT_EQ(disk.details_read, (std::vector<std::u16string>{u"C:\\Some Folder\\a"}));
     disk.gives_details = true;
     folder.load(disk);

@@ -48,6 +48,8 @@ INSTANTIATE_TEST_SUITE_P(
 
 } // namespace
 
+TEST(Area, HasNeitherPlaceNorSizeAtFirst) { EXPECT_EQ(Area(), (Area{0, 0, 0, 0})); }
+
 TEST(AnchoredControls, AreCentredAsOneGroupInTheOrderOfTheirAnchors)
 {
     const std::vector<Area> places = {{10, 90, 90, 110}, {100, 90, 220, 110}, {230, 90, 330, 110}};
