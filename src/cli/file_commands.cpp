@@ -151,7 +151,7 @@ private:
                 path = native_from_path(entry.folder->path);
             native_from_name(entry.name, old_name);
             native_from_name(entry.new_name, new_name);
-            // Nothing that the checks have let through; but what no name may hold would end up as another name.
+            // The system would cut such a name, or look for it in another folder.
             if (!is_native_name(new_name)) {
                 reasons.emplace(&entry, "no file can have a name with a NUL character or a separator in it");
                 continue;
