@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
-#include <ctime>
 
 #include "platform/local_time.h"
 #include "platform/user_folders.h"
@@ -94,6 +93,12 @@ std::string local_text(Moment moment)
     return time ? to_bytes(format_time(*time, "%Y-%m-%d %H:%M")) : utc_text(moment);
 }
 
+Batch::Batch(std::string id, fs::path path, Journal journal, DurableFile file) :
+    id_(std::move(id)), path_(std::move(path)), journal_(std::move(journal)), file_(std::move(file))
+{
+    file_.ease_overwrites(journal_.end_of_states());
+}
+
 void Batch::mark(std::size_t entry, EntryState state)
 {
     journal_.states[entry] = state;
@@ -130,18 +135,13 @@ std::error_code Batches::begin(const MoveList& moves, Moment now, Batch& batch)
     const auto content = [&](const DurableFile::Sink& sink) { return write_journal(moves, created, sink); };
     DurableFile file;
     std::error_code error;
-    while (is_batch_id(id) &&
-           (error = DurableFile::create(folder_ / (id + std::string(ending)), content, file)) == std::errc::file_exists)
+    while (is_batch_id(id) && (error = DurableFile::create(journal_path(id), content, file)) == std::errc::file_exists)
         id = id_after(id);
     if (!is_batch_id(id)) // after the last second of the year 9999, where undo would not find it
         return std::make_error_code(std::errc::value_too_large);
     if (error)
         return error;
-    batch.id_ = id;
-    batch.path_ = folder_ / (id + std::string(ending));
-    batch.journal_ = Journal::begun(moves.size(), created);
-    batch.file_ = std::move(file);
-    batch.file_.ease_overwrites(batch.journal_.end_of_states());
+    batch = Batch(id, journal_path(id), Journal::begun(moves.size(), created), std::move(file));
     return {};
 }
 
@@ -155,6 +155,8 @@ std::vector<std::string> Batches::ids() const
     std::ranges::sort(found, std::greater());
     return found;
 }
+
+fs::path Batches::journal_path(const std::string& id) const { return folder_ / (id + std::string(ending)); }
 
 std::vector<std::string> Batches::file_names() const
 {
@@ -173,7 +175,7 @@ std::error_code Batches::open(const std::string& id, Batch& batch) const
 {
     if (!is_batch_id(id))
         return std::make_error_code(std::errc::no_such_file_or_directory);
-    const fs::path path = folder_ / (id + std::string(ending));
+    const fs::path path = journal_path(id);
     std::string content;
     DurableFile file;
     if (const std::error_code error = DurableFile::open(path, file, content))
@@ -184,11 +186,7 @@ std::error_code Batches::open(const std::string& id, Batch& batch) const
         set_aside(path);
         return std::make_error_code(std::errc::bad_message);
     }
-    batch.id_ = id;
-    batch.path_ = path;
-    batch.journal_ = std::move(*journal);
-    batch.file_ = std::move(file);
-    batch.file_.ease_overwrites(batch.journal_.end_of_states());
+    batch = Batch(id, path, std::move(*journal), std::move(file));
     return {};
 }
 
@@ -197,7 +195,7 @@ std::vector<BatchSummary> Batches::summaries() const
     std::vector<BatchSummary> all;
     for (const std::string& id : ids()) {
         std::string content;
-        if (DurableFile::read(folder_ / (id + std::string(ending)), content))
+        if (DurableFile::read(journal_path(id), content))
             continue;
         const std::optional<Journal> journal = Journal::read(std::move(content));
         if (!journal)

@@ -2,8 +2,6 @@
 
 #include <chrono>
 #include <filesystem>
-#include <optional>
-#include <span>
 #include <string>
 #include <system_error>
 #include <vector>
@@ -18,6 +16,9 @@ using Moment = std::chrono::sys_seconds;
 /// One batch of renames and its journal on disk, open for this process alone.
 class Batch {
 public:
+    /// No batch yet: for `Batches` to fill in.
+    Batch() = default;
+
     [[nodiscard]] const std::string& id() const noexcept { return id_; }
     /// The renames that can be read; none of a batch that has just begun.
     [[nodiscard]] const MoveList& moves() const noexcept { return journal_; }
@@ -34,6 +35,8 @@ public:
 
 private:
     friend class Batches;
+    Batch(std::string id, std::filesystem::path path, Journal journal, DurableFile file);
+
     std::string id_;
     std::filesystem::path path_;
     Journal journal_;
@@ -72,6 +75,7 @@ public:
 
 private:
     [[nodiscard]] std::vector<std::string> file_names() const;
+    [[nodiscard]] std::filesystem::path journal_path(const std::string& id) const;
     void forget_before(Moment moment) const;
 
     std::filesystem::path folder_;

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "cli/testing/journals.h"
 #include "platform/testing/temporary_folder.h"
 
 namespace multirename {
@@ -16,17 +17,7 @@ using std::chrono::seconds;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class Moves final : public MoveList {
-public:
-    explicit Moves(std::vector<JournalEntry> moves) : moves_(std::move(moves)) { }
-    [[nodiscard]] std::size_t size() const noexcept override { return moves_.size(); }
-    void get(std::size_t index, JournalEntry& move) const override { move = moves_[index]; }
-
-private:
-    std::vector<JournalEntry> moves_;
-};
-
-const Moves two_moves({{"/photos/", "a", "b"}, {"/letters/", "c", "d"}});
+const ListedMoves two_moves({{"/photos/", "a", "b"}, {"/letters/", "c", "d"}});
 
 // 2024-03-05 14:07:09
 constexpr Moment afternoon{seconds(1'709'647'629)};

@@ -5,6 +5,7 @@
 #include <map>
 
 #include "cli/failure.h"
+#include "cli/joined.h"
 
 namespace multirename {
 
@@ -67,7 +68,7 @@ OutputFormat format_named(const std::string& name)
     const auto names = option_info(OptionId::Format).choices;
     const auto found = std::ranges::find(names, name);
     if (found == names.end())
-        throw WrongCommandLine("--format " + name + ": the formats are table, tsv and json.");
+        throw WrongCommandLine("--format " + name + ": the formats are " + joined(names, ", ", " and ") + ".");
     return static_cast<OutputFormat>(found - names.begin());
 }
 
@@ -184,8 +185,8 @@ Request parse_command_line(const std::vector<std::string>& words)
     if (help->count() > 0)
         request.kind = Request::Kind::Help;
     if (request.kind == Request::Kind::Command && !request.command)
-        throw WrongCommandLine(
-            "say what to do: pattern, preview, rename, edit or undo. \"multirename --help\" shows how.");
+        throw WrongCommandLine("say what to do: " + joined(command_names(), ", ", " or ") +
+                               ". \"multirename --help\" shows how.");
     if (request.kind == Request::Kind::Command)
         check(request);
     return request;

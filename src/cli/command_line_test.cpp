@@ -84,13 +84,11 @@ TEST(CommandLine, UndoTakesABatchOrNone)
 TEST(CommandLine, EveryOptionOfTheTableIsUnderstoodByItsCommandsAndByNoOther)
 {
     for (const CommandInfo& command : all_commands()) {
-        for (std::size_t id = 0; id <= static_cast<std::size_t>(OptionId::Help); ++id) {
-            const OptionInfo& option = option_info(static_cast<OptionId>(id));
+        for (const OptionInfo& option : all_options()) {
             Words words = {std::string(command.name), "--" + std::string(option.name), "--help"};
             if (!option.value.empty())
                 words.insert(words.begin() + 2, option.id == OptionId::Format ? "tsv" : "1=x");
-            const bool is_its_own = std::ranges::find(command.options, option.id) != command.options.end();
-            if (is_its_own)
+            if (takes_option(command, option.id))
                 EXPECT_EQ(parse_command_line(words).kind, Request::Kind::Help) << command.name << option.name;
             else
                 EXPECT_THROW((void)parse_command_line(words), WrongCommandLine) << command.name << option.name;

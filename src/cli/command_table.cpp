@@ -8,6 +8,7 @@ namespace {
 
 constexpr std::string_view styles[] = {"unchanged", "upper", "lower",       "title", "sentence",   "camel",
                                        "pascal",    "snake", "snake-upper", "kebab", "kebab-upper"};
+// In the order of OutputFormat.
 constexpr std::string_view formats[] = {"table", "tsv", "json"};
 
 constexpr OptionInfo options[] = {
@@ -225,14 +226,12 @@ constexpr CommandInfo commands[] = {
     {CommandId::Rename, "rename", "PATH...", true, "renames the files, or none when one has a problem",
      "Checks all new names as preview does and refuses them all when one cannot be had; else renames the files. No "
      "file is ever overwritten, not even by one that appears meanwhile. The batch is written down first, so that undo "
-     "can "
-     "take it back, also after the machine was switched off in the middle of it.",
+     "can take it back, also after the machine was switched off in the middle of it.",
      rename_options, rename_examples},
     {CommandId::Edit, "edit", "PATH...", true, "opens the new names in your editor, then renames",
      "Opens the new names in $VISUAL, or $EDITOR when that is not set, one a line. When the editor has ended, its "
      "lines become the new names, and all goes on as with rename. The number of lines and their order must stay. "
-     "Without "
-     "--extensions each file keeps its own extension.",
+     "Without --extensions each file keeps its own extension.",
      rename_options, edit_examples},
     {CommandId::Undo, "undo", "[BATCH]", false, "takes back the last batch of renames",
      "Gives the files of the last batch, or of the one that is named, their old names again, the last rename first. No "
@@ -259,6 +258,24 @@ const OptionInfo& option_info(OptionId option) noexcept { return *std::ranges::f
 bool takes_option(const CommandInfo& command, OptionId option) noexcept
 {
     return std::ranges::find(command.options, option) != command.options.end();
+}
+
+std::vector<std::string_view> command_names()
+{
+    std::vector<std::string_view> names;
+    for (const CommandInfo& command : commands)
+        names.push_back(command.name);
+    return names;
+}
+
+std::vector<std::string_view> names_of_commands_that_take(OptionId option)
+{
+    std::vector<std::string_view> names;
+    for (const CommandInfo& command : commands) {
+        if (takes_option(command, option))
+            names.push_back(command.name);
+    }
+    return names;
 }
 
 std::string_view group_title(OptionGroup group) noexcept

@@ -2,6 +2,7 @@
 
 #include <span>
 #include <string_view>
+#include <vector>
 
 namespace multirename {
 
@@ -87,6 +88,9 @@ struct TagInfo {
 [[nodiscard]] const CommandInfo& command_info(CommandId command) noexcept;
 [[nodiscard]] const OptionInfo& option_info(OptionId option) noexcept;
 [[nodiscard]] bool takes_option(const CommandInfo& command, OptionId option) noexcept;
+/// Their names, in the order of the commands.
+[[nodiscard]] std::vector<std::string_view> command_names();
+[[nodiscard]] std::vector<std::string_view> names_of_commands_that_take(OptionId option);
 [[nodiscard]] std::string_view group_title(OptionGroup group) noexcept;
 
 /// The style names of --case, in the order of the styles' numbers.

@@ -3,12 +3,13 @@
 
 #include "cli/completions.h"
 
-#include <algorithm>
 #include <cassert>
 #include <initializer_list>
 #include <string_view>
+#include <vector>
 
 #include "cli/command_table.h"
+#include "cli/joined.h"
 
 namespace multirename {
 
@@ -32,32 +33,14 @@ std::string filled(std::string_view frame, std::initializer_list<Filling> fillin
 
 std::string long_form(const OptionInfo& option) { return "--" + std::string(option.name); }
 
-std::string joined(std::span<const std::string_view> words)
+std::vector<std::string_view> names_of_commands_that_take_paths()
 {
-    std::string text;
-    for (const std::string_view word : words)
-        text.append(text.empty() ? "" : " ").append(word);
-    return text;
-}
-
-std::string command_names(bool that_take_paths, std::string_view separator)
-{
-    std::string text;
+    std::vector<std::string_view> names;
     for (const CommandInfo& command : all_commands()) {
-        if (command.takes_paths || !that_take_paths)
-            text.append(text.empty() ? "" : separator).append(command.name);
+        if (command.takes_paths)
+            names.push_back(command.name);
     }
-    return text;
-}
-
-std::string command_names_for(OptionId option)
-{
-    std::string text;
-    for (const CommandInfo& command : all_commands()) {
-        if (takes_option(command, option))
-            text.append(text.empty() ? "" : " ").append(command.name);
-    }
-    return text;
+    return names;
 }
 
 // The text between quotation marks of a shell in which each of the characters is written as `prefix` and itself.
@@ -76,10 +59,10 @@ std::string escaped(std::string_view text, std::string_view characters, std::str
 
 std::string long_forms(std::span<const OptionId> ids)
 {
-    std::string text;
+    std::vector<std::string> forms;
     for (const OptionId id : ids)
-        text.append(text.empty() ? "" : " ").append(long_form(option_info(id)));
-    return text;
+        forms.push_back(long_form(option_info(id)));
+    return joined(forms, " ");
 }
 
 std::string bash_options_of_commands()
@@ -92,12 +75,12 @@ std::string bash_options_of_commands()
 
 std::string bash_options_with_value()
 {
-    std::string text;
+    std::vector<std::string> forms;
     for (const OptionInfo& option : all_options()) {
         if (!option.value.empty())
-            text.append(text.empty() ? "" : " | ").append(long_form(option));
+            forms.push_back(long_form(option));
     }
-    return text;
+    return joined(forms, " | ");
 }
 
 std::string bash_values()
@@ -110,8 +93,10 @@ std::string bash_values()
         case ValueKind::Text: continue;
         case ValueKind::File: action = "_multirename_paths"; break;
         case ValueKind::Folder: action = "_multirename_paths folders"; break;
-        case ValueKind::Choice: action = "_multirename_words '" + joined(option.choices) + "'"; break;
-        case ValueKind::PartAndChoice: action = "_multirename_words_of_part '" + joined(option.choices) + "'"; break;
+        case ValueKind::Choice: action = "_multirename_words '" + joined(option.choices, " ") + "'"; break;
+        case ValueKind::PartAndChoice:
+            action = "_multirename_words_of_part '" + joined(option.choices, " ") + "'";
+            break;
         }
         lines.append("    ").append(long_form(option)).append(") ").append(action).append(" ;;\n");
     }
@@ -307,8 +292,8 @@ std::string zsh_action(const OptionInfo& option)
     case ValueKind::Text: return message + " ";
     case ValueKind::File: return message + "_files";
     case ValueKind::Folder: return message + "_files -/";
-    case ValueKind::Choice: return message + "(" + joined(option.choices) + ")";
-    case ValueKind::PartAndChoice: return message + "{_multirename_of_part " + joined(option.choices) + "}";
+    case ValueKind::Choice: return message + "(" + joined(option.choices, " ") + ")";
+    case ValueKind::PartAndChoice: return message + "{_multirename_of_part " + joined(option.choices, " ") + "}";
     }
     return {};
 }
@@ -412,9 +397,9 @@ std::string fish_action(const OptionInfo& option)
     case ValueKind::Text: return " -x";
     case ValueKind::File: return " -r -F";
     case ValueKind::Folder: return " -x -a '(__fish_complete_directories (__multirename_value))'";
-    case ValueKind::Choice: return " -x -a " + fish_quoted(joined(option.choices));
+    case ValueKind::Choice: return " -x -a " + fish_quoted(joined(option.choices, " "));
     case ValueKind::PartAndChoice:
-        return " -x -a " + fish_quoted("(__multirename_of_part " + joined(option.choices) + ")");
+        return " -x -a " + fish_quoted("(__multirename_of_part " + joined(option.choices, " ") + ")");
     }
     return {};
 }
@@ -444,16 +429,16 @@ std::string fish_options()
     for (const OptionId id : program_options())
         lines += fish_option(option_info(id), "not __multirename_command");
     for (const OptionInfo& option : all_options()) {
-        const std::string commands = command_names_for(option.id);
+        const std::vector<std::string_view> commands = names_of_commands_that_take(option.id);
         if (!commands.empty())
-            lines += fish_option(option, "__multirename_has " + commands);
+            lines += fish_option(option, "__multirename_has " + joined(commands, " "));
     }
     return lines;
 }
 
 std::string fish_operands()
 {
-    return "complete -c multirename -n '__multirename_has " + command_names(true, " ") +
+    return "complete -c multirename -n '__multirename_has " + joined(names_of_commands_that_take_paths(), " ") +
         "' -F\n"
         "complete -c multirename -n '__multirename_has undo' -k -a '(__multirename_batches)'\n";
 }
@@ -508,8 +493,8 @@ std::string bash_completion()
                   {{"@VALUED", bash_options_with_value()},
                    {"@OPTIONS", bash_options_of_commands()},
                    {"@VALUES", bash_values()},
-                   {"@COMMANDS", command_names(false, " ")},
-                   {"@PATHS", "*:" + command_names(true, " | *:")}});
+                   {"@COMMANDS", joined(command_names(), " ")},
+                   {"@PATHS", "*:" + joined(names_of_commands_that_take_paths(), " | *:")}});
 }
 
 std::string zsh_completion()

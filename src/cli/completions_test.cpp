@@ -2,12 +2,13 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <cctype>
-#include <sstream>
 #include <string>
 #include <vector>
 
 #include "cli/command_table.h"
+#include "cli/testing/text_lines.h"
 
 namespace multirename {
 namespace {
@@ -16,12 +17,10 @@ using testing::HasSubstr;
 
 std::string line_with(const std::string& script, const std::string& text)
 {
-    std::istringstream stream(script);
-    for (std::string line; std::getline(stream, line);) {
-        if (line.find(text) != std::string::npos)
-            return line;
-    }
-    return {};
+    const std::vector<std::string> lines = lines_of(script);
+    const auto found =
+        std::ranges::find_if(lines, [&text](const std::string& line) { return line.find(text) != std::string::npos; });
+    return found == lines.end() ? std::string() : *found;
 }
 
 bool has_word(const std::string& text, const std::string& word)
@@ -49,9 +48,8 @@ std::string options_in_zsh(const CommandInfo& command)
 
 std::string option_in_fish(const CommandInfo& command, const OptionInfo& option)
 {
-    std::istringstream stream(fish_completion());
     std::string found;
-    for (std::string line; std::getline(stream, line);) {
+    for (const std::string& line : lines_of(fish_completion())) {
         const bool is_for_command = has_word(line.substr(0, line.find(" -l ")), std::string(command.name));
         if (is_for_command && line.find(" -l " + std::string(option.name) + " ") != std::string::npos)
             found = line;

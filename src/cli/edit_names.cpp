@@ -1,6 +1,5 @@
 #include "cli/edit_names.h"
 
-#include <algorithm>
 #include <filesystem>
 #include <vector>
 

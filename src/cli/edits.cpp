@@ -1,11 +1,15 @@
 #include "cli/edits.h"
 
 #include <algorithm>
+#include <cassert>
 #include <limits>
 #include <optional>
 #include <string_view>
+#include <vector>
 
 #include "cli/failure.h"
+#include "cli/joined.h"
+#include "cli/report.h"
 #include "run/part_menu.h"
 #include "run/pasted_names.h"
 #include "text/decimal.h"
@@ -18,14 +22,12 @@ namespace {
 // Wider numbers would be no names any more, and take all memory long before that is said.
 constexpr std::int64_t most_digits = 9999;
 
-std::string_view kind_name(NamePartKind kind)
+// A number of digits alone, at most the largest that there is; nothing for all other text.
+std::optional<std::int64_t> read_digits(const std::string& text)
 {
-    switch (kind) {
-    case NamePartKind::Text: return "text";
-    case NamePartKind::Number: return "a number";
-    case NamePartKind::Wild: return "wild";
-    }
-    return {};
+    if (text.empty() || text.find_first_not_of("0123456789") != std::string::npos)
+        return std::nullopt;
+    return read_decimal(std::u16string(text.begin(), text.end()));
 }
 
 // One edit on its way into the run: says what is wrong in terms of the words that were typed.
@@ -43,14 +45,14 @@ public:
             fail("it takes the number of a part and nothing else.");
         if (wants_value)
             value_ = argument.substr(equals + 1);
-        if (number.empty() || number.find_first_not_of("0123456789") != std::string::npos)
+        const std::optional<std::int64_t> read = read_digits(number);
+        if (!read)
             fail("\"" + number + "\" is not the number of a part.");
         const std::size_t count = run.pattern().parts.size();
-        const std::int64_t read = read_decimal(std::u16string(number.begin(), number.end()));
-        if (read < 1 || static_cast<std::uint64_t>(read) > count)
+        if (*read < 1 || static_cast<std::uint64_t>(*read) > count)
             fail("the pattern has " + std::to_string(count) + (count == 1 ? " part" : " parts") +
                  "; \"multirename pattern\" prints them with their numbers.");
-        part_ = static_cast<std::size_t>(read) - 1;
+        part_ = static_cast<std::size_t>(*read) - 1;
     }
 
     [[nodiscard]] std::size_t part() const noexcept { return part_; }
@@ -60,16 +62,17 @@ public:
     {
         const NamePartKind kind = run.pattern().parts[part_].kind;
         if (std::ranges::find(kinds, kind) == kinds.end())
-            fail("part " + std::to_string(part_ + 1) + " is " + std::string(kind_name(kind)) +
-                 ", and this option is for " + wanted(kinds) + ".");
+            fail("part " + std::to_string(part_ + 1) + " is " + (kind == NamePartKind::Number ? "a " : "") +
+                 std::string(kind_word(kind)) + ", and this option is for " + wanted(kinds) + ".");
     }
 
     /// The value as a number from 0 on, at most `limit`.
     [[nodiscard]] std::int64_t number(std::int64_t limit) const
     {
-        if (value_.empty() || value_.find_first_not_of("0123456789") != std::string::npos)
+        const std::optional<std::int64_t> read = read_digits(value_);
+        if (!read)
             fail("\"" + value_ + "\" is not a number.");
-        return std::min(read_decimal(std::u16string(value_.begin(), value_.end())), limit);
+        return std::min(*read, limit);
     }
 
     [[noreturn]] void fail(const std::string& reason) const
@@ -81,12 +84,10 @@ public:
 private:
     static std::string wanted(std::initializer_list<NamePartKind> kinds)
     {
-        std::string text;
-        for (const NamePartKind kind : kinds) {
-            const std::string_view name = kind == NamePartKind::Number ? "number" : kind_name(kind);
-            text.append(text.empty() ? "" : " and ").append(name);
-        }
-        return text + " parts";
+        std::vector<std::string_view> words;
+        for (const NamePartKind kind : kinds)
+            words.push_back(kind_word(kind));
+        return joined(words, " and ") + " parts";
     }
 
     const Edit& edit_;
@@ -97,12 +98,8 @@ private:
 CaseStyle style_named(const EditWords& words)
 {
     const auto found = std::ranges::find(style_names(), words.value());
-    if (found == style_names().end()) {
-        std::string all;
-        for (const std::string_view name : style_names())
-            all.append(all.empty() ? "" : ", ").append(name);
-        words.fail("the styles are " + all + ".");
-    }
+    if (found == style_names().end())
+        words.fail("the styles are " + joined(style_names(), ", ") + ".");
     return static_cast<CaseStyle>(found - style_names().begin());
 }
 
@@ -179,7 +176,7 @@ void apply(RenameRun& run, const Edit& edit, const NameBorder& border)
         words.need_kind(run, {Wild, Number});
         choose(PartCommand::ClearText, part, nullptr);
         break;
-    default: break;
+    default: assert(!"an option that edits no part");
     }
 }
 

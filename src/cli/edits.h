@@ -1,7 +1,6 @@
 #pragma once
 
 #include <span>
-#include <string>
 
 #include "cli/command_line.h"
 #include "cli/name_border.h"

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <string>
@@ -13,7 +12,10 @@ namespace multirename {
 
 /// What a terminal obeys instead of showing it: the controls below a space, the one behind "~", and their kin from
 /// U+0080 on.
-[[nodiscard]] constexpr bool is_control(char16_t unit) noexcept { return unit < u' ' || (unit >= 0x7F && unit < 0xA0); }
+[[nodiscard]] constexpr bool is_control(char32_t character) noexcept
+{
+    return character < U' ' || (character >= 0x7F && character < 0xA0);
+}
 
 /// Appends the text as UTF-8. Control characters, and units for which `is_special(unit, is_lone_half)` is true, become
 /// escapes: a backslash and the letter that `letter_for(unit)` gives, or \uXXXX where that is NUL.

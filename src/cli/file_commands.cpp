@@ -3,7 +3,6 @@
 
 #include "cli/file_commands.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "cli/batch_rename.h"
@@ -113,7 +112,7 @@ private:
             printer_.warn("the same is true of " + std::to_string(count - most_warnings) + " more.");
     }
 
-    void note_files_that_stay(const RenameRun& run)
+    void warn_of_files_that_stay(const RenameRun& run)
     {
         std::size_t count = 0;
         for (std::size_t row = 0; row < run.row_count(); ++row)
@@ -196,7 +195,7 @@ private:
         if (request_.command == CommandId::Edit)
             edit_names(session.run, session.selected.border(), console_);
         warn_of_names_that_do_not_fit(session.run, session.selected.border());
-        note_files_that_stay(session.run);
+        warn_of_files_that_stay(session.run);
     }
 
     [[nodiscard]] FilesReport report(const Session& session, const ProblemCounts& problems,

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "cli/joined.h"
+
 namespace multirename {
 
 namespace {
@@ -52,9 +54,7 @@ std::string option_items(std::span<const OptionId> ids)
         text += item(option_words(option), option_column, option.help);
         if (option.kind != ValueKind::PartAndChoice)
             continue;
-        std::string choices;
-        for (const std::string_view choice : option.choices)
-            choices.append(choices.empty() ? "" : ", ").append(choice);
+        const std::string choices = joined(option.choices, ", ");
         text.append(option_column, ' ').append(wrapped(choices, option_column, option_column));
     }
     return text;

@@ -5,8 +5,9 @@
 #include <algorithm>
 #include <fstream>
 #include <iterator>
-#include <sstream>
 #include <vector>
+
+#include "cli/testing/text_lines.h"
 
 namespace multirename {
 namespace {
@@ -25,25 +26,6 @@ std::vector<std::optional<CommandId>> all_subjects()
 std::string name_of(std::optional<CommandId> subject)
 {
     return std::string(subject ? command_info(*subject).name : program_name);
-}
-
-std::vector<std::string> lines_of(const std::string& text)
-{
-    std::istringstream stream(text);
-    std::vector<std::string> lines;
-    for (std::string line; std::getline(stream, line);)
-        lines.push_back(line);
-    return lines;
-}
-
-// The help with each run of blanks and line ends as one blank, so that texts can be looked for.
-std::string in_one_line(const std::string& text)
-{
-    std::istringstream stream(text);
-    std::string line;
-    for (std::string word; stream >> word;)
-        line.append(line.empty() ? "" : " ").append(word);
-    return line;
 }
 
 std::string wanted_help(std::optional<CommandId> subject)
@@ -114,15 +96,15 @@ TEST(HelpTest, OfACommandSaysAllThatTheTableSaysOfIt)
 {
     for (const CommandInfo& command : all_commands()) {
         const std::string text = in_one_line(help_text(command.id));
-        EXPECT_THAT(text, HasSubstr(in_one_line(std::string(command.description))));
+        EXPECT_THAT(text, HasSubstr(in_one_line(command.description)));
         for (const OptionId id : command.options) {
-            EXPECT_THAT(text, HasSubstr(in_one_line(std::string(option_info(id).help))));
+            EXPECT_THAT(text, HasSubstr(in_one_line(option_info(id).help)));
             for (const std::string_view choice : option_info(id).choices)
                 EXPECT_THAT(text, HasSubstr(std::string(choice)));
         }
         for (const Example& example : command.examples) {
-            EXPECT_THAT(text, HasSubstr("multirename " + in_one_line(std::string(example.words))));
-            EXPECT_THAT(text, HasSubstr(in_one_line(std::string(example.explanation))));
+            EXPECT_THAT(text, HasSubstr("multirename " + in_one_line(example.words)));
+            EXPECT_THAT(text, HasSubstr(in_one_line(example.explanation)));
         }
     }
 }
@@ -143,44 +125,6 @@ TEST(HelpTest, WritesTheShortFormOfAnOptionFirst)
     EXPECT_EQ(option_words(option_info(OptionId::NulEnded)), "-0, --null");
     EXPECT_EQ(option_words(option_info(OptionId::Case)), "--case K=STYLE");
     EXPECT_EQ(option_words(option_info(OptionId::Folders)), "--folders");
-}
-
-// ---- the table, as its readers rely on it
-
-TEST(CommandTableTest, KeepsTheOptionsOfAGroupTogether)
-{
-    for (const CommandInfo& command : all_commands()) {
-        std::vector<OptionGroup> groups;
-        for (const OptionId id : command.options) {
-            if (groups.empty() || groups.back() != option_info(id).group)
-                groups.push_back(option_info(id).group);
-        }
-        std::vector<OptionGroup> sorted = groups;
-        std::ranges::sort(sorted);
-        EXPECT_EQ(std::ranges::adjacent_find(sorted), sorted.end()) << command.name;
-    }
-}
-
-TEST(CommandTableTest, HasTextsThatBecomeSentences)
-{
-    std::vector<std::string_view> texts;
-    for (const OptionInfo& option : all_options())
-        texts.push_back(option.help);
-    for (const TagInfo& tag : all_tags())
-        texts.push_back(tag.meaning);
-    for (const std::string_view text : texts) {
-        EXPECT_FALSE(text.ends_with('.')) << text;
-        EXPECT_TRUE(text.front() >= 'a' && text.front() <= 'z') << text;
-    }
-}
-
-TEST(CommandTableTest, HasChoicesWhereTheValueIsOneOfThem)
-{
-    for (const OptionInfo& option : all_options()) {
-        const bool is_choice = option.kind == ValueKind::Choice || option.kind == ValueKind::PartAndChoice;
-        EXPECT_EQ(option.choices.empty(), !is_choice) << option.name;
-        EXPECT_EQ(option.value.empty(), option.kind == ValueKind::None) << option.name;
-    }
 }
 
 } // namespace

@@ -3,6 +3,9 @@
 
 #include "cli/journal.h"
 
+#include <algorithm>
+
+#include "cli/testing/journals.h"
 #include "fuzz_input.h"
 #include "platform/native_text.h"
 #include "text/decimal.h"
@@ -10,14 +13,6 @@
 namespace multirename {
 
 namespace {
-
-class ListedMoves final : public MoveList {
-public:
-    std::vector<JournalEntry> moves;
-
-    [[nodiscard]] std::size_t size() const noexcept override { return moves.size(); }
-    void get(std::size_t index, JournalEntry& move) const override { move = moves[index]; }
-};
 
 std::string without_nul(std::string_view bytes)
 {
@@ -33,29 +28,18 @@ std::string next_name(FuzzInput& input)
     return is_native_name(name) ? name : "name";
 }
 
-ListedMoves next_moves(FuzzInput& input)
+std::vector<JournalEntry> next_moves(FuzzInput& input)
 {
-    ListedMoves list;
-    while (!input.rest_bytes().empty() && list.moves.size() < 64) {
+    std::vector<JournalEntry> moves;
+    while (!input.rest_bytes().empty() && moves.size() < 64) {
         JournalEntry move;
         // The folder of a first entry is never empty, for an empty one stands for that of the entry before.
         move.folder = "/" + without_nul(input.next_bytes());
         move.old_name = next_name(input);
         move.new_name = next_name(input);
-        list.moves.push_back(std::move(move));
+        moves.push_back(std::move(move));
     }
-    return list;
-}
-
-std::string written(const MoveList& moves, std::int64_t created)
-{
-    std::string bytes;
-    const std::error_code error = write_journal(moves, created, [&bytes](std::string_view piece) {
-        bytes += piece;
-        return std::error_code();
-    });
-    require(!error, "Nothing fails where nothing can.");
-    return bytes;
+    return moves;
 }
 
 // Everything that can be asked of a journal.
@@ -83,15 +67,15 @@ void read_damaged(FuzzInput& input)
 {
     const std::u16string place_text = input.next_text();
     const std::size_t byte = input.next_choice(256);
-    const ListedMoves list = next_moves(input);
-    const std::string whole = written(list, 1'700'000'000);
+    const std::vector<JournalEntry> moves = next_moves(input);
+    const std::string whole = journal_bytes(ListedMoves(moves), 1'700'000'000);
     const std::optional<Journal> journal = Journal::read(whole);
-    require(journal && journal->is_whole() && journal->size() == list.size(), "What was written can be read.");
+    require(journal && journal->is_whole() && journal->size() == moves.size(), "What was written can be read.");
     require_readable(*journal, whole.size());
-    for (std::size_t entry = 0; entry < list.size(); ++entry) {
+    for (std::size_t entry = 0; entry < moves.size(); ++entry) {
         JournalEntry move;
         journal->get(entry, move);
-        require(move == list.moves[entry], "What is read is what was written.");
+        require(move == moves[entry], "What is read is what was written.");
     }
 
     const auto place = static_cast<std::size_t>(read_decimal(place_text)) % (whole.size() + 1);
@@ -102,10 +86,10 @@ void read_damaged(FuzzInput& input)
         if (!rest)
             continue;
         require_readable(*rest, damaged.size());
-        for (std::size_t entry = 0; entry < std::min(rest->size(), list.size()); ++entry) {
+        for (std::size_t entry = 0; entry < std::min(rest->size(), moves.size()); ++entry) {
             JournalEntry move;
             rest->get(entry, move);
-            require(move == list.moves[entry], "What is read of a damaged journal is what was written.");
+            require(move == moves[entry], "What is read of a damaged journal is what was written.");
         }
     }
 }

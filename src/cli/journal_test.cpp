@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include "cli/testing/journals.h"
+
 namespace multirename {
 namespace {
 
@@ -15,25 +17,9 @@ const std::vector<JournalEntry> some_entries = {
     {"/photos/", "c", "d"},
 };
 
-class Moves final : public MoveList {
-public:
-    explicit Moves(const std::vector<JournalEntry>& moves) : moves_(moves) { }
-    [[nodiscard]] std::size_t size() const noexcept override { return moves_.size(); }
-    void get(std::size_t index, JournalEntry& move) const override { move = moves_[index]; }
-
-private:
-    const std::vector<JournalEntry>& moves_;
-};
-
 std::string written(const std::vector<JournalEntry>& entries, std::int64_t created)
 {
-    std::string text;
-    const auto append = [&text](std::string_view piece) {
-        text += piece;
-        return std::error_code();
-    };
-    EXPECT_FALSE(write_journal(Moves(entries), created, append));
-    return text;
+    return journal_bytes(ListedMoves(entries), created);
 }
 
 std::vector<JournalEntry> entries_of(const Journal& journal)
@@ -80,7 +66,7 @@ TEST(Journal, OfManyEntriesIsWrittenInPieces)
         longest = std::max(longest, piece.size());
         return std::error_code();
     };
-    EXPECT_FALSE(write_journal(Moves(many), 0, look));
+    EXPECT_FALSE(write_journal(ListedMoves(many), 0, look));
     EXPECT_LE(longest, 1'000'000U);
 }
 
@@ -92,7 +78,7 @@ TEST(Journal, IsNotWrittenOnBehindAnError)
         ++calls;
         return std::make_error_code(std::errc::no_space_on_device);
     };
-    EXPECT_EQ(write_journal(Moves(many), 0, refuse), std::errc::no_space_on_device);
+    EXPECT_EQ(write_journal(ListedMoves(many), 0, refuse), std::errc::no_space_on_device);
     EXPECT_EQ(calls, 1);
 }
 

@@ -10,6 +10,7 @@
 
 #include "cli/command_table.h"
 #include "cli/help.h"
+#include "cli/joined.h"
 
 namespace multirename {
 
@@ -107,15 +108,6 @@ std::string item(std::string_view source, std::string_view meaning)
     return std::string(".TP\n").append(source).append("\n").append(meaning);
 }
 
-template <class Words>
-std::string joined(const Words& words, std::string_view last_separator)
-{
-    std::string text;
-    for (std::size_t i = 0; i < words.size(); ++i)
-        text.append(i == 0 ? "" : i + 1 == words.size() ? last_separator : ", ").append(words[i]);
-    return text;
-}
-
 std::string head()
 {
     return ".\\\" Made from the table of commands and options; changes belong there.\n"
@@ -180,16 +172,6 @@ std::string commands()
 
 using Names = std::vector<std::string_view>;
 
-Names commands_that_take(OptionId option)
-{
-    Names names;
-    for (const CommandInfo& command : all_commands()) {
-        if (takes_option(command, option))
-            names.push_back(command.name);
-    }
-    return names;
-}
-
 // The commands that take any option of the group.
 Names commands_of(OptionGroup group)
 {
@@ -206,7 +188,7 @@ std::string goes_with(const Names& names, std::string_view end)
     std::vector<std::string> all;
     for (const std::string_view name : names)
         all.push_back(bold(name));
-    return joined(all, " and ").append(end);
+    return joined(all, ", ", " and ").append(end);
 }
 
 std::string choices_of(const OptionInfo& option)
@@ -217,13 +199,13 @@ std::string choices_of(const OptionInfo& option)
     for (const std::string_view choice : option.choices)
         all.push_back(bold(choice));
     const std::string_view value = option.value.substr(option.value.find('=') + 1);
-    return italic(value) + " is one of " + joined(all, " and ") + ".\n";
+    return italic(value) + " is one of " + joined(all, ", ", " and ") + ".\n";
 }
 
 // What is said of an option only where it is not so of its whole group.
 std::string who_takes(const OptionInfo& option)
 {
-    const Names names = commands_that_take(option.id);
+    const Names names = names_of_commands_that_take(option.id);
     const bool stands_alone = std::ranges::find(program_options(), option.id) != program_options().end();
     if (names.empty())
         return "Without a command.\n";

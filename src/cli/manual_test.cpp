@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "cli/command_table.h"
+#include "cli/testing/text_lines.h"
 #include "fileset/tags.h"
 
 namespace multirename {
@@ -18,15 +19,6 @@ namespace {
 using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
-
-std::vector<std::string> lines_of(const std::string& text)
-{
-    std::istringstream stream(text);
-    std::vector<std::string> lines;
-    for (std::string line; std::getline(stream, line);)
-        lines.push_back(line);
-    return lines;
-}
 
 void replace_all(std::string& text, std::string_view from, std::string_view to)
 {
@@ -43,20 +35,7 @@ std::string plain_page()
     replace_all(text, "\\-", "-");
     replace_all(text, "\\(aq", "'");
     replace_all(text, "\\e", "\\");
-    std::istringstream stream(text);
-    std::string plain;
-    for (std::string word; stream >> word;)
-        plain.append(plain.empty() ? "" : " ").append(word);
-    return plain;
-}
-
-std::string in_one_line(std::string_view text)
-{
-    std::istringstream stream{std::string(text)};
-    std::string line;
-    for (std::string word; stream >> word;)
-        line.append(line.empty() ? "" : " ").append(word);
-    return line;
+    return in_one_line(text);
 }
 
 // A text of the table as the page writes it.

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdio>
 
+#include "cli/escapes.h"
 #include "platform/console.h"
 #include "text/surrogates.h"
 #include "text/utf8.h"
@@ -34,7 +35,7 @@ Glyph escaped(char32_t character)
 // the direction of writing, by which one name could pass for another.
 bool is_obeyed(char32_t character)
 {
-    return character < 0x20 || (character >= 0x7F && character < 0xA0) || character == 0x200E || character == 0x200F ||
+    return is_control(character) || character == 0x200E || character == 0x200F ||
         (character >= 0x2028 && character <= 0x202E) || (character >= 0x2066 && character <= 0x2069) ||
         character == 0xFEFF;
 }

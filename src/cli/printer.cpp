@@ -8,7 +8,7 @@ void Printer::print(const std::string& text)
 {
     const bool is_paged = request_.pager && console_.output_is_terminal();
     if (!is_paged || !console_.pipe_to(console_.variable("PAGER").value_or("less -R"), text))
-        write(text);
+        write_output(console_, text);
 }
 
 void Printer::print(const TextMaker& make)
@@ -17,15 +17,9 @@ void Printer::print(const TextMaker& make)
         print(whole_text(make));
         return;
     }
-    TextOutput output([this](std::string_view piece) { write(piece); });
+    TextOutput output([this](std::string_view piece) { write_output(console_, piece); });
     make(output);
     output.pass_on();
-}
-
-void Printer::write(std::string_view text)
-{
-    if (!console_.write(text))
-        throw Failure(ExitStatus::PartlyDone, "The output cannot be written.");
 }
 
 void Printer::say(const std::string& text) { console_.write_error("multirename: " + text + "\n"); }
@@ -38,6 +32,12 @@ TableStyle Printer::table_style()
     style.colours = !console_.variable("NO_COLOR");
     style.columns = console_.columns();
     return style;
+}
+
+void write_output(Console& console, std::string_view text)
+{
+    if (!console.write(text))
+        throw Failure(ExitStatus::PartlyDone, "The output cannot be written.");
 }
 
 std::string counted(std::size_t count, std::string_view one, std::string_view many)

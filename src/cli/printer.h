@@ -29,14 +29,17 @@ public:
     void message(const std::string& text) { console_.write_error(text + "\n"); }
 
     [[nodiscard]] OutputFormat format() const noexcept { return request_.format; }
+    /// How a table is to look on standard output as it is: colours, unless NO_COLOR is set, and a width only where that
+    /// is a terminal.
     [[nodiscard]] TableStyle table_style();
 
 private:
-    void write(std::string_view text);
-
     const Request& request_;
     Console& console_;
 };
+
+/// Writes to standard output. Throws Failure when it cannot be written.
+void write_output(Console& console, std::string_view text);
 
 /// "1 file", "2 files"
 [[nodiscard]] std::string counted(std::size_t count, std::string_view one, std::string_view many);

@@ -4,6 +4,7 @@
 #include "cli/file_commands.h"
 #include "cli/help.h"
 #include "cli/printable.h"
+#include "cli/printer.h"
 #include "cli/undo_commands.h"
 
 namespace multirename {
@@ -37,9 +38,9 @@ ExitStatus run_program(const std::vector<std::string>& words, Console& console, 
     try {
         const Request request = parse_command_line(words);
         switch (request.kind) {
-        case Request::Kind::Help: console.write(help_text(request.command)); return ExitStatus::Done;
+        case Request::Kind::Help: write_output(console, help_text(request.command)); return ExitStatus::Done;
         case Request::Kind::Version:
-            console.write(std::string(program_name) + " " + std::string(program_version) + "\n");
+            write_output(console, std::string(program_name) + " " + std::string(program_version) + "\n");
             return ExitStatus::Done;
         case Request::Kind::Command: break;
         }

@@ -3,7 +3,6 @@
 #include <gmock/gmock.h>
 
 #include <filesystem>
-#include <random>
 
 #include "cli/testing/fake_console.h"
 

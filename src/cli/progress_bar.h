@@ -16,6 +16,7 @@ public:
     /// Tells the time; tests bring their own.
     using Now = Clock::time_point (*)();
 
+    /// Begins a work of `total` steps, perhaps none; `verb`, as "Renaming", must outlive the bar.
     ProgressBar(Console& console, std::string_view verb, std::size_t total, Now now = &Clock::now);
     ProgressBar(const ProgressBar&) = delete;
     ProgressBar& operator=(const ProgressBar&) = delete;

@@ -6,7 +6,6 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
-#include <vector>
 
 #include "cli/name_border.h"
 #include "fileset/file_set.h"

@@ -14,6 +14,26 @@ namespace multirename {
 
 namespace {
 
+[[noreturn]] void refuse_batch(const std::string& id, const std::error_code& error, const Batches& batches)
+{
+    if (error == std::errc::no_such_file_or_directory)
+        throw WrongCommandLine("There is no batch " + id +
+                               R"( to take back; "multirename undo --list" shows those that there are.)");
+    if (error == std::errc::device_or_resource_busy)
+        throw Failure(ExitStatus::Refused, "Batch " + id + " is being worked on; wait until that has ended.");
+    if (error == std::errc::bad_message)
+        throw Failure(ExitStatus::PartlyDone,
+                      "The journal of batch " + id +
+                          " is damaged from its start on, so that nothing can be taken back from it. It has been set "
+                          "aside in " +
+                          native_bytes(batches.folder()) + "; the next undo takes the batch before.");
+    if (error == std::errc::operation_not_permitted)
+        throw Failure(ExitStatus::PartlyDone,
+                      "The journal of batch " + id +
+                          " is not this user's own; nothing is renamed because another user's journal says so.");
+    throw Failure(ExitStatus::PartlyDone, "The journal of batch " + id + " cannot be read: " + error_text(error) + ".");
+}
+
 class UndoCommand {
 public:
     UndoCommand(const Request& request, Console& console, Batches& batches) :
@@ -35,36 +55,6 @@ public:
         return ExitStatus::Done;
     }
 
-    Batch open_batch()
-    {
-        const std::vector<std::string> ids = batches_.ids();
-        if (!request_.batch && ids.empty())
-            throw Failure(ExitStatus::Refused, "There is no batch that could be taken back.");
-        const std::string id = request_.batch ? *request_.batch : ids.front();
-        Batch batch;
-        const std::error_code error = batches_.open(id, batch);
-        if (!error)
-            return batch;
-        if (error == std::errc::no_such_file_or_directory)
-            throw WrongCommandLine("There is no batch " + id +
-                                   R"( to take back; "multirename undo --list" shows those that there are.)");
-        if (error == std::errc::device_or_resource_busy)
-            throw Failure(ExitStatus::Refused, "Batch " + id + " is being worked on; wait until that has ended.");
-        if (error == std::errc::bad_message)
-            throw Failure(
-                ExitStatus::PartlyDone,
-                "The journal of batch " + id +
-                    " is damaged from its start on, so that nothing can be taken back from it. It has been set "
-                    "aside in " +
-                    native_bytes(batches_.folder()) + "; the next undo takes the batch before.");
-        if (error == std::errc::operation_not_permitted)
-            throw Failure(ExitStatus::PartlyDone,
-                          "The journal of batch " + id +
-                              " is not this user's own; nothing is renamed because another user's journal says so.");
-        throw Failure(ExitStatus::PartlyDone,
-                      "The journal of batch " + id + " cannot be read: " + error_text(error) + ".");
-    }
-
     ExitStatus undo()
     {
         Batch batch = open_batch();
@@ -73,6 +63,27 @@ public:
             ProgressBar progress(console_, "Taking back", batch.moves().size());
             report = take_back(batch, progress);
         }
+        say_what_is_left(report);
+        print(report);
+        const bool is_whole = report.left.empty() && report.unknown == 0 && !report.was_stopped;
+        return is_whole ? ExitStatus::Done : ExitStatus::PartlyDone;
+    }
+
+private:
+    Batch open_batch() const
+    {
+        const std::vector<std::string> ids = batches_.ids();
+        if (!request_.batch && ids.empty())
+            throw Failure(ExitStatus::Refused, "There is no batch that could be taken back.");
+        const std::string id = request_.batch ? *request_.batch : ids.front();
+        Batch batch;
+        if (const std::error_code error = batches_.open(id, batch))
+            refuse_batch(id, error, batches_);
+        return batch;
+    }
+
+    void say_what_is_left(const UndoReport& report)
+    {
         for (const LeftEntry& left : report.left)
             printer_.say("\"" + printable(left.entry.folder + left.entry.new_name) + "\" cannot be called \"" +
                          printable(left.entry.old_name) + "\" again: " + left.reason + ".");
@@ -81,6 +92,10 @@ public:
                          counted(report.unknown, "further name", "further names") + " is not known.");
         if (report.was_stopped)
             printer_.say("Stopped; \"multirename undo " + report.id + "\" goes on with it.");
+    }
+
+    void print(const UndoReport& report)
+    {
         switch (printer_.format()) {
         case OutputFormat::Table:
             printer_.print("Batch " + report.id + ": " +
@@ -90,8 +105,6 @@ public:
         case OutputFormat::Tsv: printer_.print(undo_as_tsv(report)); break;
         case OutputFormat::Json: printer_.print(undo_as_json(report)); break;
         }
-        const bool is_whole = report.left.empty() && report.unknown == 0 && !report.was_stopped;
-        return is_whole ? ExitStatus::Done : ExitStatus::PartlyDone;
     }
 
     const Request& request_;

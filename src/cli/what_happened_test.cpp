@@ -12,12 +12,17 @@ using testing::ElementsAre;
 // Folders as they are now, by their paths.
 using Folders = std::map<std::string, std::set<std::string>>;
 
-std::vector<bool> traced(const std::vector<JournalEntry>& moves, const Folders& folders)
+NamesOfFolder names_in(const Folders& folders)
 {
-    return what_happened(moves, [&folders](const std::string& folder) {
+    return [&folders](const std::string& folder) {
         const auto found = folders.find(folder);
         return found == folders.end() ? std::set<std::string>() : found->second;
-    });
+    };
+}
+
+std::vector<bool> traced(const std::vector<JournalEntry>& moves, const Folders& folders)
+{
+    return what_happened(moves, names_in(folders));
 }
 
 TEST(WhatHappened, TellsMovesThatWereMadeFromThoseThatWereNot)
@@ -53,10 +58,7 @@ TEST(WhatHappened, SeesAChangeOfCaseThatWasNotMade)
 
 std::vector<bool> free_moves(const std::vector<JournalEntry>& moves, const Folders& folders)
 {
-    return moves_to_free_names(moves, [&folders](const std::string& folder) {
-        const auto found = folders.find(folder);
-        return found == folders.end() ? std::set<std::string>() : found->second;
-    });
+    return moves_to_free_names(moves, names_in(folders));
 }
 
 TEST(MovesToFreeNames, LeavesOutANameThatIsTaken)

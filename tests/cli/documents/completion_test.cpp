@@ -1,8 +1,6 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
-#include <cctype>
-#include <filesystem>
 #include <span>
 #include <tuple>
 

@@ -3,9 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
+
+#include "support/test_programs.h"
 
 namespace multirename {
 
@@ -15,15 +14,7 @@ constexpr std::string_view working_folder = "files";
 
 } // namespace
 
-std::string build_folder() { return std::filesystem::read_symlink("/proc/self/exe").parent_path(); }
-
-std::string document(std::string_view path) { return build_folder() + "/share/" + std::string(path); }
-
-std::string content_of(const std::string& path)
-{
-    std::ifstream stream(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
+std::string document(std::string_view path) { return build_folder() / "share" / path; }
 
 Home::Home() { folder_.make_folder(working_folder); }
 
@@ -33,17 +24,18 @@ ProgramResult Home::run(const std::vector<std::string>& arguments, const std::st
     // The program is looked for in the PATH that it gets, which only a program that has got it can do.
     std::vector<std::string> words{"env"};
     words.insert(words.end(), arguments.begin(), arguments.end());
-    return run_program({.arguments = words,
-                        .environment = {{"HOME", folder_.path()},
-                                        {"LC_ALL", "C.UTF-8"},
-                                        {"MANWIDTH", "80"},
-                                        {"PATH", build_folder() + ":" + (path != nullptr ? path : "/usr/bin:/bin")},
-                                        {"TERM", "dumb"},
-                                        {"XDG_CONFIG_HOME", std::nullopt},
-                                        {"XDG_DATA_HOME", std::nullopt},
-                                        {"XDG_STATE_HOME", folder_.path_of("state")}},
-                        .input = input,
-                        .folder = folder_.path_of(working_folder)});
+    return run_program(
+        {.arguments = words,
+         .environment = {{"HOME", folder_.path()},
+                         {"LC_ALL", "C.UTF-8"},
+                         {"MANWIDTH", "80"},
+                         {"PATH", build_folder().string() + ":" + (path != nullptr ? path : "/usr/bin:/bin")},
+                         {"TERM", "dumb"},
+                         {"XDG_CONFIG_HOME", std::nullopt},
+                         {"XDG_DATA_HOME", std::nullopt},
+                         {"XDG_STATE_HOME", folder_.path_of("state")}},
+         .input = input,
+         .folder = folder_.path_of(working_folder)});
 }
 
 void Home::write(const std::string& name) const { folder_.write(std::string(working_folder) + "/" + name, ""); }

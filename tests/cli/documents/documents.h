@@ -1,7 +1,5 @@
 #pragma once
 
-#include <map>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,11 +9,8 @@
 
 namespace multirename {
 
-/// The folder of the programs of this build, and that of a document below its folder "share".
-[[nodiscard]] std::string build_folder();
+/// The path of a document that the build has made, by its path below "share".
 [[nodiscard]] std::string document(std::string_view path);
-
-[[nodiscard]] std::string content_of(const std::string& path);
 
 /// A user's home with a folder of files in it, which is the working folder of all that runs here. The build's programs
 /// are in PATH, batches are written down in the home, and no settings of the tests' own user count.

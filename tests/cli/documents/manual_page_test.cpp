@@ -8,6 +8,7 @@
 
 #include "cli/command_table.h"
 #include "documents.h"
+#include "support/file_content.h"
 
 namespace multirename {
 namespace {

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <sstream>
 
+#include "support/file_content.h"
+
 namespace multirename {
 
 namespace {

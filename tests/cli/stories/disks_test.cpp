@@ -6,9 +6,9 @@
 
 #include <cctype>
 #include <fstream>
-#include <iterator>
 
 #include "story.h"
+#include "support/file_content.h"
 
 namespace multirename {
 namespace {
@@ -238,8 +238,7 @@ TEST_P(DisksThatIgnoreCase, NeverReplaceANameThatAppearsMeanwhileInAnotherCase)
     const ProgramResult result =
         run_watched(program({"rename", "disk/img1.jpg", "disk/img2.jpg", "--text", "1=x"}), appear);
     EXPECT_EQ(result.exit_status, partly_done);
-    std::ifstream kept(folder.path_of("disk/X1.jpg"));
-    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(kept), {}), "somebody else's");
+    EXPECT_EQ(content_of(folder.path_of("disk/X1.jpg")), "somebody else's");
     const std::string second = GetParam().renames_exclusively ? "x2.jpg" : "img2.jpg";
     EXPECT_THAT(names_on_disk(), names_are({"X1.jpg", "img1.jpg", second}));
 }

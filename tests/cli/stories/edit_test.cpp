@@ -5,7 +5,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::IsEmpty;
 
 // The editor is a script; $1 is the file.
 class EditStory : public Story {

@@ -15,13 +15,10 @@ protected:
         return json(words);
     }
 
-    [[nodiscard]] Words new_names(const std::string& list, const Words& words = {}) const
+    [[nodiscard]] Words new_names(const std::string& list, Words words = {}) const
     {
-        Words names;
-        const Json told = previewed_json(list, words);
-        for (const Json& file : told["files"])
-            names.push_back(file["new"]);
-        return names;
+        words.insert(words.begin(), {"--names", folder.write("names", list)});
+        return previewed(words);
     }
 };
 
@@ -38,7 +35,6 @@ TEST_F(NamesOnly, AreTheWholeContentOfOneFolderAndTouchNoDisk)
 
 TEST_F(NamesOnly, AreComparedWithoutRegardToCaseWhateverTheSystem)
 {
-    const Json told = previewed_json("IMG_1\nimg_2\n", {"--text", "1=x"});
     EXPECT_EQ(previewed_json("a\nB1\nb2\n",
                              {"--listed", folder.write("listed", "B1"), "--text", "1=B2"})["files"][0]["status"],
               5);

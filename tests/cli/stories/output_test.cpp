@@ -60,13 +60,18 @@ TEST_F(Output, ATableNamesTheFoldersWhereThereAreSeveral)
 TEST_F(Output, AFileThatThePatternDoesNotCoverIsSaidInWords)
 {
     folder.write("names", "a.b\nx\nfoo.\n");
+    EXPECT_THAT(run({"preview", "--names", "names", "--extensions"}).output,
+                HasSubstr("not covered by the pattern, stays\n"));
+    std::size_t not_covered = 0;
     const Json told = json({"preview", "--names", "names", "--extensions"});
     for (const Json& file : told["files"]) {
-        if (!file["inScope"].get<bool>()) {
-            EXPECT_EQ(file["new"], "");
-            EXPECT_EQ(file["status"], 2);
-        }
+        if (file["inScope"].get<bool>())
+            continue;
+        EXPECT_EQ(file["new"], "");
+        EXPECT_EQ(file["status"], 2);
+        ++not_covered;
     }
+    EXPECT_EQ(not_covered, 1U);
 }
 
 TEST_F(Output, OnATerminalTheChangedStretchOfEachNameStandsOut)

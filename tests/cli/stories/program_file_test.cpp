@@ -4,20 +4,14 @@
 #include <gmock/gmock.h>
 
 #include <cstring>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 #include <vector>
 
+#include "support/file_content.h"
+#include "support/test_programs.h"
+
 namespace multirename {
 namespace {
-
-std::string program_bytes()
-{
-    std::ifstream file(std::filesystem::read_symlink("/proc/self/exe").parent_path() / "multirename", std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 template <class Record>
 std::vector<Record> records(const std::string& bytes, std::size_t offset, std::size_t count)
@@ -50,7 +44,7 @@ protected:
         return 0;
     }
 
-    std::string bytes = program_bytes();
+    std::string bytes = content_of(build_folder() / "multirename");
     Elf64_Ehdr header = records<Elf64_Ehdr>(bytes, 0, 1).front();
 };
 

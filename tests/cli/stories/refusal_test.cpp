@@ -78,7 +78,7 @@ TEST_F(Refusal, AFolderThatMayNotBeWrittenIsKnownBeforehand)
     std::filesystem::permissions(folder.path_of("open"), std::filesystem::perms::all);
     const Snapshot before = tree();
     ProgramRun as_nobody = program({"rename", "open/a1", "closed/a2", "--text", "1=b"});
-    as_nobody.user = 65534;
+    as_nobody.user = nobody;
     const ProgramResult result = run_program(as_nobody);
     EXPECT_EQ(result.exit_status, refused);
     EXPECT_THAT(result.errors, HasSubstr("the folder does not let its entries be renamed: Permission denied"));
@@ -93,7 +93,7 @@ TEST_F(Refusal, AMoveThatFailsLaterIsToldAndTheOthersCanBeTakenBack)
     std::filesystem::permissions(state.path(), std::filesystem::perms::all);
     std::filesystem::permissions(folder.path(), std::filesystem::perms::all);
     ProgramRun as_nobody = program({"rename", "a1", "a2", "a3", "--text", "1=b"});
-    as_nobody.user = 65534;
+    as_nobody.user = nobody;
     const auto close_for_one = [this](const MoveCall& call) {
         const auto mode =
             call.number == 2 && !call.is_done ? std::filesystem::perms(0555) : std::filesystem::perms::all;
@@ -116,7 +116,7 @@ TEST_F(Refusal, AFolderThatCannotBeReadIsKnownBeforehand)
     write({"closed/a1"});
     std::filesystem::permissions(folder.path_of("closed"), std::filesystem::perms(0311));
     ProgramRun as_nobody = program({"rename", "closed/a1", "--text", "1=b"});
-    as_nobody.user = 65534;
+    as_nobody.user = nobody;
     const ProgramResult result = run_program(as_nobody);
     EXPECT_EQ(result.exit_status, refused);
     EXPECT_THAT(result.errors, HasSubstr("cannot be read (Permission denied)"));

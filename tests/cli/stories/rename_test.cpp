@@ -90,7 +90,7 @@ TEST_F(Rename, RenamesFilesThatCannotBeRead)
     std::filesystem::permissions(folder.path(), std::filesystem::perms::all);
     std::filesystem::permissions(state.path(), std::filesystem::perms::all);
     ProgramRun as_nobody = program({"rename", "secret 1", "secret 2", "--text", "1=known "});
-    as_nobody.user = 65534;
+    as_nobody.user = nobody;
     const ProgramResult result = run_program(as_nobody);
     EXPECT_EQ(result.exit_status, done) << result.errors;
     EXPECT_THAT(names(), ElementsAre("known 1", "known 2"));
@@ -122,9 +122,13 @@ TEST_F(Rename, FinishesTheBatchWhenItsReaderHasGone)
 TEST_F(Rename, AnOutputThatCannotBeWrittenIsSaid)
 {
     write({"a1", "a2"});
-    ProgramRun full = program({"preview", "a1", "a2"});
-    full.arguments.insert(full.arguments.begin(), {"/bin/sh", "-c", "exec \"$@\" > /dev/full", "sh"});
-    EXPECT_EQ(run_program(full).exit_status, partly_done);
+    for (const Words& words : {Words{"preview", "a1", "a2"}, Words{"--help"}, Words{"--version"}}) {
+        ProgramRun full = program(words);
+        full.arguments.insert(full.arguments.begin(), {"/bin/sh", "-c", "exec \"$@\" > /dev/full", "sh"});
+        const ProgramResult result = run_program(full);
+        EXPECT_EQ(result.exit_status, partly_done) << words.front();
+        EXPECT_EQ(result.errors, "multirename: The output cannot be written.\n") << words.front();
+    }
 }
 
 TEST_F(Rename, NeverReplacesANameThatAppearsBetweenTheCheckAndTheMove)

@@ -10,6 +10,7 @@
 #include "support/run_program.h"
 #include "support/snapshot.h"
 #include "support/temporary_folder.h"
+#include "support/test_programs.h"
 #include "support/traced_run.h"
 
 namespace multirename {
@@ -24,7 +25,7 @@ protected:
     [[nodiscard]] ProgramRun program(const Words& words) const
     {
         ProgramRun run;
-        run.arguments = {std::filesystem::read_symlink("/proc/self/exe").parent_path() / "multirename"};
+        run.arguments = {build_folder() / "multirename"};
         run.arguments.insert(run.arguments.end(), words.begin(), words.end());
         run.environment = {{"XDG_STATE_HOME", state.path()}, {"LC_ALL", "C.UTF-8"},    {"TZ", "UTC"},
                            {"VISUAL", std::nullopt},         {"EDITOR", std::nullopt}, {"NO_COLOR", std::nullopt},

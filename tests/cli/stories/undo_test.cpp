@@ -7,9 +7,9 @@
 #include <cstdio>
 #include <fstream>
 
-#include "cli/journal.h"
+#include "cli/testing/journals.h"
 #include "story.h"
-#include "support/test_programs.h"
+#include "support/file_content.h"
 
 namespace multirename {
 namespace {
@@ -29,39 +29,20 @@ protected:
         return state.path() + "/multirename/" + batch + ".journal";
     }
 
-    [[nodiscard]] static std::string bytes_of(const std::string& path)
-    {
-        std::ifstream stream(path, std::ios::binary);
-        return {std::istreambuf_iterator<char>(stream), {}};
-    }
-
     static void put_bytes(const std::string& path, const std::string& bytes)
     {
         std::ofstream(path, std::ios::binary) << bytes;
     }
+
+    // Back to how a batch from a to b had left them, as far as they have been taken back.
+    void rename_again(const Words& numbers) const
+    {
+        for (const std::string& number : numbers) {
+            if (fs::exists(folder.path_of("a" + number)))
+                fs::rename(folder.path_of("a" + number), folder.path_of("b" + number));
+        }
+    }
 };
-
-class OneMove final : public MoveList {
-public:
-    explicit OneMove(JournalEntry move) : move_(std::move(move)) { }
-    [[nodiscard]] std::size_t size() const noexcept override { return 1; }
-    void get(std::size_t, JournalEntry& move) const override { move = move_; }
-
-private:
-    JournalEntry move_;
-};
-
-// A whole journal, with the right sum.
-std::string journal_of(JournalEntry move)
-{
-    std::string bytes;
-    const auto append = [&bytes](std::string_view piece) {
-        bytes += piece;
-        return std::error_code();
-    };
-    EXPECT_FALSE(write_journal(OneMove(std::move(move)), 1709647629, append));
-    return bytes;
-}
 
 TEST_F(Undo, GivesEveryNameBackAndForgetsTheBatch)
 {
@@ -177,7 +158,7 @@ TEST_F(Undo, BatchesOfMoreThan90DaysAgoAreForgottenByTheNextRename)
 {
     write({"a1", "a2", "x1"});
     const std::string batch = renamed_batch({"rename", "a1", "a2", "--text", "1=b"});
-    const auto renamed_to = [&](std::chrono::days age) {
+    const auto journal_of_age = [&](std::chrono::days age) {
         const std::chrono::year_month_day date(
             std::chrono::floor<std::chrono::days>(std::chrono::system_clock::now() - age));
         std::array<char, 64> id{};
@@ -185,11 +166,11 @@ TEST_F(Undo, BatchesOfMoreThan90DaysAgoAreForgottenByTheNextRename)
                       static_cast<unsigned>(date.month()), static_cast<unsigned>(date.day()));
         return journal_path(id.data());
     };
-    const std::string recent = renamed_to(std::chrono::days(89));
+    const std::string recent = journal_of_age(std::chrono::days(89));
     fs::rename(journal_path(batch), recent);
     run({"rename", "x1", "--text", "1=y"});
     EXPECT_TRUE(fs::exists(recent));
-    const std::string old = renamed_to(std::chrono::days(92));
+    const std::string old = journal_of_age(std::chrono::days(92));
     fs::rename(recent, old);
     run({"rename", "y", "--text", "1=z"});
     EXPECT_FALSE(fs::exists(old));
@@ -201,7 +182,7 @@ TEST_F(Undo, AJournalThatWasCutGivesBackWhatItStillTellsAndSaysWhatItDoesNot)
     write({"a1", "a2", "a3"});
     const Snapshot before = tree();
     const std::string batch = renamed_batch({"rename", "a1", "a2", "a3", "--text", "1=b"});
-    const std::string whole = bytes_of(journal_path(batch));
+    const std::string whole = content_of(journal_path(batch));
     const Snapshot renamed = tree();
     std::size_t most_restored = 0;
     for (std::size_t length = 0; length < whole.size(); ++length) {
@@ -216,11 +197,7 @@ TEST_F(Undo, AJournalThatWasCutGivesBackWhatItStillTellsAndSaysWhatItDoesNot)
         EXPECT_EQ(std::ranges::count_if(names(), [](const auto& name) { return name.starts_with("a"); }),
                   static_cast<std::ptrdiff_t>(restored))
             << length;
-        for (std::size_t i = 1; i <= 3; ++i) { // back to how the batch had left them
-            const std::string number = std::to_string(i);
-            if (fs::exists(folder.path_of("a" + number)))
-                fs::rename(folder.path_of("a" + number), folder.path_of("b" + number));
-        }
+        rename_again({"1", "2", "3"});
         EXPECT_EQ(difference(renamed, tree()), "") << length;
     }
     EXPECT_EQ(most_restored, 2U);
@@ -233,7 +210,7 @@ TEST_F(Undo, AJournalOfWhichAByteWasChangedNeverGivesANameThatNoFileHad)
 {
     write({"a1", "a2"});
     const std::string batch = renamed_batch({"rename", "a1", "a2", "--text", "1=b"});
-    const std::string whole = bytes_of(journal_path(batch));
+    const std::string whole = content_of(journal_path(batch));
     for (std::size_t place = 0; place < whole.size(); ++place) {
         std::string changed = whole;
         changed[place] = static_cast<char>(changed[place] ^ 1);
@@ -241,10 +218,7 @@ TEST_F(Undo, AJournalOfWhichAByteWasChangedNeverGivesANameThatNoFileHad)
         run({"undo", batch});
         EXPECT_THAT(names(), testing::Each(testing::AnyOf("a1", "a2", "b1", "b2"))) << place;
         EXPECT_THAT(names(), SizeIs(2)) << place;
-        for (const std::string number : {"1", "2"}) {
-            if (fs::exists(folder.path_of("a" + number)))
-                fs::rename(folder.path_of("a" + number), folder.path_of("b" + number));
-        }
+        rename_again({"1", "2"});
     }
 }
 
@@ -259,7 +233,7 @@ TEST_F(Undo, AJournalOfWhichNothingCanBeReadDoesNotStandBeforeOlderOnes)
     EXPECT_THAT(result.errors, HasSubstr("damaged from its start on"));
     EXPECT_EQ(run({"undo"}).exit_status, done);
     EXPECT_THAT(names(), ElementsAre("a1", "y1"));
-    EXPECT_EQ(bytes_of(state.path() + "/multirename/" + last + ".damaged"), "nonsense");
+    EXPECT_EQ(content_of(state.path() + "/multirename/" + last + ".damaged"), "nonsense");
 }
 
 TEST_F(Undo, AJournalThatIsALinkIsNotFollowed)
@@ -317,7 +291,7 @@ TEST_F(Undo, AForgedJournalRenamesNothingOutsideItsFolder)
     const auto take = [&](const char* old_name, const char* new_name) {
         const std::string path = place + "20240305-140709-001.journal";
         fs::create_directories(place);
-        put_bytes(path, journal_of({folder.path() + "/set/", old_name, new_name}));
+        put_bytes(path, journal_bytes(ListedMoves({{folder.path() + "/set/", old_name, new_name}}), 1709647629));
         return run({"undo"});
     };
     const Snapshot before = tree();

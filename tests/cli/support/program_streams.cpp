@@ -7,7 +7,6 @@
 
 #include <array>
 #include <csignal>
-#include <cstdlib>
 
 namespace multirename {
 

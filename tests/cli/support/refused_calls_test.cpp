@@ -4,7 +4,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <system_error>
 
 #include "support/run_program.h"
 #include "support/snapshot.h"
