@@ -9,13 +9,6 @@ namespace {
 
 using testing::ElementsAre;
 
-constexpr int ready_image = 1;
-constexpr int unchanged_image = 2;
-constexpr int empty_image = 4;
-constexpr int same_name_image = 5;
-constexpr int existing_name_image = 6;
-constexpr int invalid_image = 7;
-
 class Editing : public Story { };
 
 std::vector<int> images(const OpenDialog& dialog)
@@ -68,10 +61,7 @@ TEST_F(Editing, ForbiddenTextMakesEveryNameInvalid)
 TEST_F(Editing, AllowingExtensionChangesShowsTheExtension)
 {
     OpenDialog dialog(module, made({u"IMG_1.jpg", u"IMG_2.jpg"}));
-    dialog.press(IDC_ALLOW_EXTENSION_CHANGES);
-    EXPECT_TRUE(driver::wait_until([&] {
-        return dialog.pattern() == std::vector<std::u16string>{u"IMG_", u"#", u".jpg"};
-    }));
+    dialog.press_and_expect(IDC_ALLOW_EXTENSION_CHANGES, {u"IMG_", u"#", u".jpg"});
     EXPECT_TRUE(dialog.is_checked(IDC_ALLOW_EXTENSION_CHANGES));
     dialog.type_into(part(1), u".jpeg");
     EXPECT_THAT(dialog.new_names(), ElementsAre(u"IMG_1.jpeg", u"IMG_2.jpeg"));
@@ -80,20 +70,14 @@ TEST_F(Editing, AllowingExtensionChangesShowsTheExtension)
 TEST_F(Editing, NumbersTakenAsTextBecomeWild)
 {
     OpenDialog dialog(module, made({u"IMG_1.jpg", u"IMG_2.jpg"}));
-    dialog.press(IDC_NUMBERS_AS_TEXT);
-    EXPECT_TRUE(driver::wait_until([&] {
-        return dialog.pattern() == std::vector<std::u16string>{u"IMG_", u"*", u""};
-    }));
+    dialog.press_and_expect(IDC_NUMBERS_AS_TEXT, {u"IMG_", u"*", u""});
 }
 
 TEST_F(Editing, TypedTextGoesOverToTheOtherPattern)
 {
     OpenDialog dialog(module, made({u"IMG_1.jpg", u"IMG_2.jpg"}));
     dialog.type_into(part(0), u"trip_");
-    dialog.press(IDC_NUMBERS_AS_TEXT);
-    EXPECT_TRUE(driver::wait_until([&] {
-        return dialog.pattern() == std::vector<std::u16string>{u"trip_", u"*", u""};
-    }));
+    dialog.press_and_expect(IDC_NUMBERS_AS_TEXT, {u"trip_", u"*", u""});
     EXPECT_THAT(dialog.new_names(), ElementsAre(u"trip_1.jpg", u"trip_2.jpg"));
 }
 
@@ -123,10 +107,7 @@ TEST_F(Editing, ResetBringsTheFirstPatternBack)
 {
     OpenDialog dialog(module, made({u"IMG_1.jpg", u"IMG_2.jpg"}));
     dialog.type_into(part(0), u"trip_");
-    dialog.press(IDC_RESET);
-    EXPECT_TRUE(driver::wait_until([&] {
-        return dialog.pattern() == std::vector<std::u16string>{u"IMG_", u"#", u""};
-    }));
+    dialog.press_and_expect(IDC_RESET, {u"IMG_", u"#", u""});
     EXPECT_THAT(dialog.new_names(), ElementsAre(u"IMG_1.jpg", u"IMG_2.jpg"));
 }
 
@@ -142,11 +123,7 @@ TEST_F(Editing, CopyPutsOneNameOnEachLine)
 TEST_F(Editing, PastedNamesTakeThePatternOutOfUseUntilReset)
 {
     OpenDialog dialog(module, made({u"IMG_1.jpg", u"IMG_2.jpg"}));
-    put_on_clipboard(u"first\r\nsecond\r\n");
-    dialog.press(IDC_PASTE_NAMES);
-    EXPECT_TRUE(driver::wait_until([&] {
-        return dialog.new_names() == std::vector<std::u16string>{u"first.jpg", u"second.jpg"};
-    }));
+    paste(dialog, u"first\r\nsecond\r\n", {u"first.jpg", u"second.jpg"});
     EXPECT_TRUE(driver::wait_until([&] { return !dialog.is_enabled(IDC_ALLOW_EXTENSION_CHANGES); }));
     EXPECT_FALSE(dialog.is_enabled(IDC_NUMBERS_AS_TEXT));
     for (const HWND control : driver::row_controls(dialog.handle()))
@@ -230,7 +207,5 @@ TEST_F(Editing, AnyProgramCanUseTheClipboardWhileAMessageIsShown)
     put_on_clipboard(u"one\ntwo\n");
     static_cast<void>(dialog.take_message());
     dialog.press(IDC_PASTE_NAMES);
-    EXPECT_TRUE(driver::wait_until([&] {
-        return dialog.new_names() == std::vector<std::u16string>{u"one.jpg", u"two.jpg"};
-    }));
+    expect_names(dialog, {u"one.jpg", u"two.jpg"});
 }

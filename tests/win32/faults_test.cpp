@@ -67,7 +67,6 @@ TEST_F(Faults, AFileThatAppearsBeforeTheRenameIsNotReplaced)
     EXPECT_EQ(dialog.take_message(), warning(one_existing_name));
     EXPECT_TRUE(dialog.is_open());
     EXPECT_EQ(folder.files(), before);
-    constexpr int existing_name_image = 6;
     EXPECT_EQ(dialog.rows()[1].image, existing_name_image);
     DeleteFileW(to_wide(newcomer).c_str());
     dialog.rename();

@@ -12,23 +12,8 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-using Names = std::vector<std::u16string>;
-
 class ListMenu : public Story {
 protected:
-    static void expect_names(const OpenDialog& dialog, const Names& expected)
-    {
-        EXPECT_TRUE(driver::wait_until([&] { return dialog.new_names() == expected; }));
-        EXPECT_EQ(dialog.new_names(), expected);
-    }
-
-    static void paste(const OpenDialog& dialog, std::u16string_view lines, const Names& expected)
-    {
-        put_on_clipboard(lines);
-        dialog.press(IDC_PASTE_NAMES);
-        expect_names(dialog, expected);
-    }
-
     [[nodiscard]] std::vector<std::u16string> photos() const
     {
         return made({u"IMG_1.jpg", u"IMG_2.jpg", u"IMG_3.jpg"});

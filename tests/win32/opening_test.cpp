@@ -15,8 +15,6 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr int unchanged_image = 2;
-
 class Opening : public Story { };
 
 std::wstring library_behind(HWND control)

@@ -7,20 +7,12 @@ namespace {
 
 using testing::ElementsAre;
 
-using Names = std::vector<std::u16string>;
-
 constexpr UINT reset_command = 32774;
 constexpr UINT clear_command = 32775;
 constexpr UINT renumber_command = 32776;
 
 class PartMenu : public Story {
 protected:
-    static void expect_names(const OpenDialog& dialog, const Names& expected)
-    {
-        EXPECT_TRUE(driver::wait_until([&] { return dialog.new_names() == expected; }));
-        EXPECT_EQ(dialog.new_names(), expected);
-    }
-
     static std::vector<ShownItem> items(const OpenDialog& dialog)
     {
         const OpenMenu menu = dialog.part_menu(0);

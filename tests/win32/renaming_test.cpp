@@ -11,16 +11,7 @@ namespace {
 using multirename::from_wide;
 using multirename::to_wide;
 
-class Renaming : public Story {
-protected:
-    /// Pastes one name a line and waits until the list shows them.
-    static void paste(OpenDialog& dialog, std::u16string_view lines, const std::vector<std::u16string>& expected)
-    {
-        put_on_clipboard(lines);
-        dialog.press(IDC_PASTE_NAMES);
-        EXPECT_TRUE(driver::wait_until([&] { return dialog.new_names() == expected; }));
-    }
-};
+class Renaming : public Story { };
 
 } // namespace
 

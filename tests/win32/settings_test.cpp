@@ -12,18 +12,15 @@ constexpr int upper_case_item = 1;
 
 class PartSettings : public Story {
 protected:
-    /// Waits until the list shows these new names.
-    static void expect_names(const OpenDialog& dialog, const std::vector<std::u16string>& expected)
-    {
-        EXPECT_TRUE(driver::wait_until([&] { return dialog.new_names() == expected; }));
-    }
+    [[nodiscard]] std::vector<std::u16string> wild_files() const { return made({u"a one.txt", u"a six.txt"}); }
+    [[nodiscard]] std::vector<std::u16string> numbered_files() const { return made({u"n7.txt", u"n12.txt"}); }
 };
 
 } // namespace
 
 TEST_F(PartSettings, AFreshWildPartHasNothingToReset)
 {
-    OpenDialog dialog(module, made({u"a one.txt", u"a six.txt"}));
+    OpenDialog dialog(module, wild_files());
     const PartDialog wild = dialog.click_part(0, wild_title);
     EXPECT_FALSE(wild.is_enabled(IDC_WILD_RESET));
     EXPECT_TRUE(wild.is_enabled(IDC_WILD_CLEAR_TEXT));
@@ -36,7 +33,7 @@ TEST_F(PartSettings, AFreshWildPartHasNothingToReset)
 
 TEST_F(PartSettings, EveryCaseStyleIsOffered)
 {
-    OpenDialog dialog(module, made({u"a one.txt", u"a six.txt"}));
+    OpenDialog dialog(module, wild_files());
     const PartDialog wild = dialog.click_part(0, wild_title);
     ASSERT_EQ(driver::ask(wild.control(IDC_CASE_STYLE), CB_GETCOUNT), std::ssize(multirename::case_style_labels));
     for (int item = 0; item < std::ssize(multirename::case_style_labels); ++item) {
@@ -48,7 +45,7 @@ TEST_F(PartSettings, EveryCaseStyleIsOffered)
 
 TEST_F(PartSettings, AWildPartsChoicesMakeTheNames)
 {
-    OpenDialog dialog(module, made({u"a one.txt", u"a six.txt"}));
+    OpenDialog dialog(module, wild_files());
     const PartDialog wild = dialog.click_part(0, wild_title);
     wild.select(IDC_CASE_STYLE, upper_case_item);
     EXPECT_TRUE(wild.is_enabled(IDC_WILD_RESET));
@@ -61,7 +58,7 @@ TEST_F(PartSettings, AWildPartsChoicesMakeTheNames)
 
 TEST_F(PartSettings, ClearTextLeavesTheLengthClosed)
 {
-    OpenDialog dialog(module, made({u"a one.txt", u"a six.txt"}));
+    OpenDialog dialog(module, wild_files());
     const PartDialog wild = dialog.click_part(0, wild_title);
     wild.press(IDC_WILD_CLEAR_TEXT);
     EXPECT_TRUE(wild.is_checked(IDC_TRUNCATE));
@@ -75,7 +72,7 @@ TEST_F(PartSettings, ClearTextLeavesTheLengthClosed)
 
 TEST_F(PartSettings, ResetOfAWildPartLeavesTheLengthOpen)
 {
-    OpenDialog dialog(module, made({u"a one.txt", u"a six.txt"}));
+    OpenDialog dialog(module, wild_files());
     const PartDialog wild = dialog.click_part(0, wild_title);
     wild.press(IDC_TRUNCATE);
     wild.press(IDC_WILD_RESET);
@@ -87,7 +84,7 @@ TEST_F(PartSettings, ResetOfAWildPartLeavesTheLengthOpen)
 
 TEST_F(PartSettings, CancelChangesNothing)
 {
-    OpenDialog dialog(module, made({u"a one.txt", u"a six.txt"}));
+    OpenDialog dialog(module, wild_files());
     const PartDialog wild = dialog.click_part(0, wild_title);
     wild.select(IDC_CASE_STYLE, upper_case_item);
     wild.close_with(IDCANCEL);
@@ -99,7 +96,7 @@ TEST_F(PartSettings, CancelChangesNothing)
 
 TEST_F(PartSettings, AFreshNumberPartShowsWhatIsRememberedAtFirst)
 {
-    OpenDialog dialog(module, made({u"n7.txt", u"n12.txt"}));
+    OpenDialog dialog(module, numbered_files());
     const PartDialog number = dialog.click_part(0, number_title);
     EXPECT_TRUE(number.is_checked(IDC_NUMBER_NO_CHANGE));
     EXPECT_TRUE(number.is_checked(IDC_ZEROS_NO_CHANGE));
@@ -117,7 +114,7 @@ TEST_F(PartSettings, AFreshNumberPartShowsWhatIsRememberedAtFirst)
 
 TEST_F(PartSettings, RenumberingShiftsAndPadsAndIsRemembered)
 {
-    const std::vector<std::u16string> paths = made({u"n7.txt", u"n12.txt"});
+    const std::vector<std::u16string> paths = numbered_files();
     {
         OpenDialog dialog(module, paths);
         const PartDialog number = dialog.click_part(0, number_title);
@@ -145,7 +142,7 @@ TEST_F(PartSettings, RenumberingShiftsAndPadsAndIsRemembered)
 
 TEST_F(PartSettings, ClearingANumberClosesTheZerosButNotTheirDigits)
 {
-    OpenDialog dialog(module, made({u"n7.txt", u"n12.txt"}));
+    OpenDialog dialog(module, numbered_files());
     const PartDialog number = dialog.click_part(0, number_title);
     number.press(IDC_ZEROS_FIXED_DIGITS);
     number.press(IDC_NUMBER_CLEAR_TEXT);
@@ -163,7 +160,7 @@ TEST_F(PartSettings, ClearingANumberClosesTheZerosButNotTheirDigits)
 
 TEST_F(PartSettings, TheFocusNeverStaysInAControlThatTakesNoInput)
 {
-    OpenDialog dialog(module, made({u"n7.txt", u"n12.txt"}));
+    OpenDialog dialog(module, numbered_files());
     const PartDialog number = dialog.click_part(0, number_title);
     EXPECT_EQ(dialog.focus(), number.control(IDOK));
     number.press(IDC_NUMBER_CLEAR_TEXT);
@@ -173,7 +170,7 @@ TEST_F(PartSettings, TheFocusNeverStaysInAControlThatTakesNoInput)
 
 TEST_F(PartSettings, AnEmptyLengthOfATruncatedPartIsAsGoodAsCleared)
 {
-    OpenDialog dialog(module, made({u"a one.txt", u"a six.txt"}));
+    OpenDialog dialog(module, wild_files());
     const PartDialog wild = dialog.click_part(0, wild_title);
     wild.press(IDC_TRUNCATE);
     EXPECT_TRUE(wild.is_enabled(IDC_WILD_CLEAR_TEXT));
@@ -185,7 +182,7 @@ TEST_F(PartSettings, AnEmptyLengthOfATruncatedPartIsAsGoodAsCleared)
 
 TEST_F(PartSettings, AWildPartGetsWhatItsControlsShowThoughNothingWasClicked)
 {
-    OpenDialog dialog(module, made({u"a one.txt", u"a six.txt"}));
+    OpenDialog dialog(module, wild_files());
     const PartDialog wild = dialog.click_part(0, wild_title);
     driver::ask(wild.control(IDC_CASE_STYLE), CB_SETCURSEL, upper_case_item);
     driver::ask(wild.control(IDC_TRUNCATE), BM_SETCHECK, BST_CHECKED);
@@ -196,7 +193,7 @@ TEST_F(PartSettings, AWildPartGetsWhatItsControlsShowThoughNothingWasClicked)
 
 TEST_F(PartSettings, ResetOfAWildPartLeavesTheTypedLength)
 {
-    OpenDialog dialog(module, made({u"a one.txt", u"a six.txt"}));
+    OpenDialog dialog(module, wild_files());
     const PartDialog wild = dialog.click_part(0, wild_title);
     wild.press(IDC_TRUNCATE);
     wild.type_into(IDC_LENGTH, u"25");
@@ -209,7 +206,7 @@ TEST_F(PartSettings, ResetOfAWildPartLeavesTheTypedLength)
 
 TEST_F(PartSettings, ANumberGetsWhatItsControlsShowThoughNothingWasClicked)
 {
-    OpenDialog dialog(module, made({u"n7.txt", u"n12.txt"}));
+    OpenDialog dialog(module, numbered_files());
     const PartDialog number = dialog.click_part(0, number_title);
     driver::ask(number.control(IDC_NUMBER_NO_CHANGE), BM_SETCHECK, BST_UNCHECKED);
     driver::ask(number.control(IDC_NUMBER_RENUMBER), BM_SETCHECK, BST_CHECKED);
@@ -220,7 +217,7 @@ TEST_F(PartSettings, ANumberGetsWhatItsControlsShowThoughNothingWasClicked)
 
 TEST_F(PartSettings, AnEmptyStartRenumbersFromZeroAndIsRemembered)
 {
-    OpenDialog dialog(module, made({u"n7.txt", u"n12.txt"}));
+    OpenDialog dialog(module, numbered_files());
     const PartDialog number = dialog.click_part(0, number_title);
     number.press(IDC_NUMBER_RENUMBER);
     number.type_into(IDC_START, u"");
@@ -231,7 +228,7 @@ TEST_F(PartSettings, AnEmptyStartRenumbersFromZeroAndIsRemembered)
 
 TEST_F(PartSettings, WithoutAnyChoiceTheTypedValuesAreRememberedAllTheSame)
 {
-    OpenDialog dialog(module, made({u"n7.txt", u"n12.txt"}));
+    OpenDialog dialog(module, numbered_files());
     {
         const PartDialog number = dialog.click_part(0, number_title);
         SetWindowTextW(number.control(IDC_START), L"9");
@@ -246,7 +243,7 @@ TEST_F(PartSettings, WithoutAnyChoiceTheTypedValuesAreRememberedAllTheSame)
 
 TEST_F(PartSettings, CancelOfANumberRemembersNothing)
 {
-    OpenDialog dialog(module, made({u"n7.txt", u"n12.txt"}));
+    OpenDialog dialog(module, numbered_files());
     const PartDialog number = dialog.click_part(0, number_title);
     number.press(IDC_NUMBER_RENUMBER);
     number.type_into(IDC_START, u"9");

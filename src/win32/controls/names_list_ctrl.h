@@ -5,7 +5,6 @@
 #include <commctrl.h>
 
 #include <optional>
-#include <span>
 #include <string>
 #include <vector>
 

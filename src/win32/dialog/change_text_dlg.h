@@ -30,7 +30,8 @@ class ChangeTextDlg final : public CDialog,
                             private CNamesListCtrl::Owner,
                             private CNamePartButton::Owner {
 public:
-    /// Analyses the listed names. `parent` and `files` must outlive the dialog; the records of `files` are changed.
+    /// Analyses the listed names. `parent` and `files` must outlive the dialog; the records of `files` are changed. The
+    /// host's flag and text are copied and change nothing.
     ChangeTextDlg(std::u16string_view product_name, const CWnd& parent, FileSet& files, bool host_flag,
                   std::u16string_view host_text);
 
@@ -80,7 +81,7 @@ private:
     void show_pasted(const std::optional<Message>& problem);
     void show(const Message& message) const;
 
-    bool host_flag_;
+    bool host_flag_; // this and the text are kept for the host, as multirename.h says; nothing depends on them
     std::u16string host_text_;
     ComApartment com_;
     ScreenDpi dpi_;

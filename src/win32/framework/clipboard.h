@@ -6,16 +6,14 @@
 
 namespace multirename {
 
-/// The clipboard, held open from construction until destruction; other programs cannot use it meanwhile.
+/// The clipboard, held open from construction until destruction; other programs cannot use it meanwhile. When another
+/// program holds it, nothing comes of the operations below.
 class Clipboard {
 public:
     Clipboard() noexcept;
     Clipboard(const Clipboard&) = delete;
     Clipboard& operator=(const Clipboard&) = delete;
     ~Clipboard();
-
-    /// False when another program holds it; then nothing comes of the operations below.
-    [[nodiscard]] bool is_open() const noexcept { return is_open_; }
 
     /// The Unicode text on it, up to the first NUL; nothing when there is none.
     [[nodiscard]] std::optional<std::u16string> text() const;

@@ -168,8 +168,9 @@ ExitStatus launch(std::span<const std::u16string> words)
     case Task::UninstallSendTo: return report(uninstall_send_to());
     case Task::ShowHelp: return tell(help_text());
     case Task::ShowVersion: return tell(version_text());
-    default: return rename(line.paths);
+    case Task::Rename: break;
     }
+    return rename(line.paths);
 }
 
 } // namespace multirename

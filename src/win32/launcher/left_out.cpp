@@ -17,8 +17,9 @@ std::u16string_view reason(WhyLeftOut why)
     switch (why) {
     case WhyLeftOut::TooLong: return u"the path is too long";
     case WhyLeftOut::NoName: return u"not a file or folder";
-    default: return u"not found";
+    case WhyLeftOut::NotFound: break;
     }
+    return u"not found";
 }
 
 // A message box grows with its text, and its buttons have to stay on the screen.

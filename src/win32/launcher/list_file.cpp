@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "text/surrogates.h"
 #include "text/utf8.h"
 
 namespace multirename {
@@ -10,19 +11,8 @@ namespace {
 
 constexpr std::string_view byte_order_mark = "\xEF\xBB\xBF";
 
-// A stray byte comes as the second half of a surrogate pair that has no first half; well-formed text never has one.
-bool has_stray_byte(std::u16string_view text)
-{
-    char16_t previous = 0;
-    for (const char16_t unit : text) {
-        const bool is_second_half = unit >= 0xDC00 && unit <= 0xDFFF;
-        const bool follows_first_half = previous >= 0xD800 && previous <= 0xDBFF;
-        if (is_second_half && !follows_first_half)
-            return true;
-        previous = unit;
-    }
-    return false;
-}
+// Stray bytes come as halves of surrogate pairs that stand alone; well-formed text has none.
+bool has_stray_byte(std::u16string_view text) { return find_lone_half(text) != std::u16string_view::npos; }
 
 // Takes the first line off the front; gives it without its end.
 std::string_view take_line(std::string_view& bytes)

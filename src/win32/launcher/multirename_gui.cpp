@@ -8,7 +8,6 @@
 #include <exception>
 #include <new>
 #include <string>
-#include <system_error>
 #include <vector>
 
 #include "platform/system_libraries.h"

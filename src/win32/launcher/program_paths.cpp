@@ -4,7 +4,6 @@
 
 #include <shlwapi.h>
 
-#include <algorithm>
 #include <array>
 
 #include "platform/long_path.h"

@@ -1,35 +1,18 @@
-#include "cli/console_program.h"
+// The program as its users run it, renaming real files through the shell.
 
 #include <windows.h>
 
-#include <gmock/gmock.h>
-
+#include "cli/console_story.h"
 #include "platform/windows/wide.h"
 #include "support/program_file.h"
-#include "support/temp_folder.h"
 
 namespace {
 
 using multirename::to_wide;
-using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-constexpr unsigned done = 0;
-constexpr unsigned refused = 1;
-constexpr unsigned wrong_command_line = 2;
-constexpr unsigned partly_done = 3;
-
-// The batches of a test are its own: what it has renamed it takes back, or forgets with its folder.
-class ConsoleProgram : public testing::Test {
-protected:
-    ConsoleResult run(const std::vector<std::u16string>& words, const std::string& input = {}) const
-    {
-        return run_console_program({words, folder.path(), input, {}, {}});
-    }
-
-    TempFolder folder;
-};
+class ConsoleProgram : public ConsoleStory { };
 
 TEST_F(ConsoleProgram, RenamesThroughTheShellAndTakesItBack)
 {
@@ -141,16 +124,7 @@ TEST_F(ConsoleProgram, TakesTheLinesOfTheEditor)
 {
     folder.make_file(u"a1.txt");
     folder.make_file(u"a2.txt");
-    folder.make_file(u"editor.cmd");
-    const HANDLE script = CreateFileW(to_wide(folder.path_of(u"editor.cmd")).c_str(), GENERIC_WRITE, 0, nullptr,
-                                      CREATE_ALWAYS, 0, nullptr);
-    const std::string text = "@echo north> %1\r\n@echo south>> %1\r\n";
-    DWORD written = 0;
-    WriteFile(script, text.data(), static_cast<DWORD>(text.size()), &written, nullptr);
-    CloseHandle(script);
-    ConsoleRun edit{
-        {u"edit", u"a1.txt", u"a2.txt"}, folder.path(), {}, {{u"EDITOR", folder.path_of(u"editor.cmd")}}, {}};
-    const ConsoleResult result = run_console_program(edit);
+    const ConsoleResult result = edit({u"a1.txt", u"a2.txt"}, "@echo north> %1\r\n@echo south>> %1\r\n");
     EXPECT_EQ(result.exit_status, done) << result.errors;
     EXPECT_EQ(folder.files().count(u"north.txt"), 1U);
     EXPECT_EQ(folder.files().count(u"south.txt"), 1U);

@@ -1,13 +1,10 @@
 // What becomes of the files when something gets in the way of a rename on the command line.
 
-#include <gmock/gmock.h>
-
 #include <windows.h>
 
-#include "cli/console_program.h"
+#include "cli/console_story.h"
 #include "platform/windows/file_handle.h"
 #include "platform/windows/wide.h"
-#include "support/temp_folder.h"
 
 namespace {
 
@@ -16,29 +13,12 @@ using multirename::UniqueFile;
 using testing::AllOf;
 using testing::HasSubstr;
 
-constexpr unsigned done = 0;
-constexpr unsigned wrong_command_line = 2;
-constexpr unsigned partly_done = 3;
-
-class ConsoleFaults : public testing::Test {
+class ConsoleFaults : public ConsoleStory {
 protected:
-    [[nodiscard]] ConsoleResult run(const std::vector<std::u16string>& words) const
-    {
-        return run_console_program({words, folder.path(), {}, {}, {}});
-    }
-
     /// Has the user edit the names of a1 and a2 to b1 and b2 in an editor that runs the command before.
     [[nodiscard]] ConsoleResult edit_while(const std::string& command) const
     {
-        const std::string script = "@echo off\r\n" + command + "\r\necho b1> %1\r\necho b2>> %1\r\n";
-        const std::u16string editor = folder.path_of(u"editor.cmd");
-        {
-            const UniqueFile file(
-                CreateFileW(to_wide(editor).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
-            DWORD written = 0;
-            EXPECT_TRUE(WriteFile(file.get(), script.data(), static_cast<DWORD>(script.size()), &written, nullptr));
-        }
-        return run_console_program({{u"edit", u"a1", u"a2"}, folder.path(), {}, {{u"EDITOR", editor}}, {}});
+        return edit({u"a1", u"a2"}, "@echo off\r\n" + command + "\r\necho b1> %1\r\necho b2>> %1\r\n");
     }
 
     /// The files but for the editor.
@@ -48,8 +28,6 @@ protected:
         all.erase(u"editor.cmd");
         return all;
     }
-
-    TempFolder folder;
 };
 
 TEST_F(ConsoleFaults, AFileThatIsOpenStaysAndTheOthersAreRenamed)

@@ -24,12 +24,7 @@ protected:
     /// A file with just these bytes; gives the word that names it as a list file.
     [[nodiscard]] std::u16string list_file(std::string_view bytes) const
     {
-        const std::u16string path = folder.path_of(u"list.txt");
-        const multirename::UniqueFile file(
-            CreateFileW(to_wide(path).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
-        DWORD written = 0;
-        EXPECT_NE(WriteFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr), FALSE);
-        return u"@" + path;
+        return u"@" + folder.write_file(u"list.txt", bytes);
     }
 
     /// The files but for the list file.

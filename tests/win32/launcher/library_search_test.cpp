@@ -37,6 +37,17 @@ protected:
         return {{std::move(path)}, folder.path(), folder.path_of(u"program\\multirename-gui.exe")};
     }
 
+    /// The copy and its module rename a file without loading a decoy.
+    void expect_rename_without(const Decoys& decoys) const
+    {
+        copy(u"multirename.dll");
+        const LaunchedProgram program(started_on(folder.make_file(u"a")));
+        program.rename_with_prefix(u"new ");
+        EXPECT_EQ(program.exit_status(), 0U);
+        EXPECT_THAT(decoys.loaded(), IsEmpty());
+        EXPECT_EQ(contents_of(folder.path_of(u"new a")), u"a");
+    }
+
     TempFolder folder;
 };
 
@@ -53,24 +64,12 @@ TEST_F(LibrarySearch, TakesTheModuleFromBesideTheProgramAlone)
 
 TEST_F(LibrarySearch, TakesNoLibraryOfTheSystemsNamesFromTheWorkingFolder)
 {
-    copy(u"multirename.dll");
-    const Decoys decoys(folder.path(), libraries_loaded_by_name);
-    const LaunchedProgram program(started_on(folder.make_file(u"a")));
-    program.rename_with_prefix(u"new ");
-    EXPECT_EQ(program.exit_status(), 0U);
-    EXPECT_THAT(decoys.loaded(), IsEmpty());
-    EXPECT_EQ(contents_of(folder.path_of(u"new a")), u"a");
+    expect_rename_without(Decoys(folder.path(), libraries_loaded_by_name));
 }
 
 TEST_F(LibrarySearch, TakesNoLibraryOfTheSystemsNamesFromBesideTheProgram)
 {
-    copy(u"multirename.dll");
-    const Decoys decoys(folder.path_of(u"program"), libraries_loaded_by_name);
-    const LaunchedProgram program(started_on(folder.make_file(u"a")));
-    program.rename_with_prefix(u"new ");
-    EXPECT_EQ(program.exit_status(), 0U);
-    EXPECT_THAT(decoys.loaded(), IsEmpty());
-    EXPECT_EQ(contents_of(folder.path_of(u"new a")), u"a");
+    expect_rename_without(Decoys(folder.path_of(u"program"), libraries_loaded_by_name));
 }
 
 TEST_F(LibrarySearch, TheFileDialogTakesNoLibraryFromBesideTheProgram)

@@ -156,18 +156,16 @@ std::u16string OpenDialog::cell(int row, int column) const
     item.iSubItem = column;
     item.pszText = text.data();
     item.cchTextMax = static_cast<int>(text.size());
-    const LRESULT length =
-        ask(control(IDC_NAMES_LIST), LVM_GETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+    const LRESULT length = ask(list(), LVM_GETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
     return from_wide({item.pszText, static_cast<std::size_t>(length)});
 }
 
 std::vector<ShownRow> OpenDialog::rows() const
 {
-    const HWND list = control(IDC_NAMES_LIST);
-    const auto count = static_cast<int>(ask(list, LVM_GETITEMCOUNT));
+    const auto count = static_cast<int>(ask(list(), LVM_GETITEMCOUNT));
     std::vector<ShownRow> rows;
     for (int row = 0; row < count; ++row) {
-        const LRESULT state = ask(list, LVM_GETITEMSTATE, static_cast<WPARAM>(row), LVIS_STATEIMAGEMASK);
+        const LRESULT state = ask(list(), LVM_GETITEMSTATE, static_cast<WPARAM>(row), LVIS_STATEIMAGEMASK);
         rows.push_back({cell(row, 0), cell(row, 1), static_cast<int>(state >> 12)});
     }
     return rows;
@@ -183,8 +181,7 @@ std::vector<std::u16string> OpenDialog::new_names() const
 
 std::vector<std::u16string> OpenDialog::columns() const
 {
-    const HWND list = control(IDC_NAMES_LIST);
-    const auto count = ask(reinterpret_cast<HWND>(ask(list, LVM_GETHEADER)), HDM_GETITEMCOUNT);
+    const auto count = ask(reinterpret_cast<HWND>(ask(list(), LVM_GETHEADER)), HDM_GETITEMCOUNT);
     std::vector<std::u16string> titles;
     for (LRESULT column = 0; column < count; ++column) {
         std::array<wchar_t, 64> title = {};
@@ -192,7 +189,7 @@ std::vector<std::u16string> OpenDialog::columns() const
         description.mask = LVCF_TEXT;
         description.pszText = title.data();
         description.cchTextMax = static_cast<int>(title.size());
-        ask(list, LVM_GETCOLUMNW, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&description));
+        ask(list(), LVM_GETCOLUMNW, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&description));
         titles.push_back(from_wide(description.pszText));
     }
     return titles;
@@ -211,6 +208,8 @@ PartDialog OpenDialog::click_part(std::size_t index, std::u16string_view title) 
     EXPECT_TRUE(driver::wait_until([&] { return driver::find_dialog(title, ui_id_) != nullptr; }));
     return PartDialog(driver::find_dialog(title, ui_id_));
 }
+
+HWND OpenDialog::list() const { return control(IDC_NAMES_LIST); }
 
 OpenMenu OpenDialog::list_menu() const
 {

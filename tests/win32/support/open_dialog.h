@@ -12,11 +12,19 @@
 #include "support/module.h"
 #include "support/open_menu.h"
 
+// The numbers of the pictures that say how a row stands.
+inline constexpr int ready_image = 1;
+inline constexpr int unchanged_image = 2;
+inline constexpr int empty_image = 4;
+inline constexpr int same_name_image = 5;
+inline constexpr int existing_name_image = 6;
+inline constexpr int invalid_image = 7;
+
 /// What the names list shows of one row.
 struct ShownRow {
     std::u16string old_name;
     std::u16string new_name;
-    int image = 0; ///< from 1
+    int image = 0; ///< one of those above; 0 for none
     bool operator==(const ShownRow&) const = default;
 };
 
@@ -113,12 +121,12 @@ public:
     [[nodiscard]] OpenMenu part_menu(std::size_t index) const { return OpenMenu(part_button(index)); }
     [[nodiscard]] OpenMenu list_menu() const;
 
-    [[nodiscard]] HWND list() const { return control(1503); }
+    [[nodiscard]] HWND list() const;
     /// Selects these rows and no others.
     void select_rows(const std::vector<int>& rows) const;
     [[nodiscard]] std::vector<int> selected_rows() const;
 
-    /// Presses a check box and waits until the row shows these labels.
+    /// Presses a button or check box and waits until the row shows these labels.
     void press_and_expect(int id, const std::vector<std::u16string>& labels) const;
 
     /// Drags the dialog to this outer size.
@@ -131,7 +139,6 @@ public:
 private:
     void open(const Module& module, Call call);
 
-    std::vector<std::u16string> paths_;
     std::vector<std::wstring> wide_paths_;
     std::vector<const wchar_t*> path_pointers_;
     std::jthread ui_;

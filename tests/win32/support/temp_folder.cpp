@@ -51,6 +51,16 @@ void collect(const std::u16string& folder, const std::u16string& prefix, Files& 
     }
 }
 
+void write(const std::u16string& path, DWORD disposition, std::string_view bytes)
+{
+    const HANDLE file = CreateFileW(long_form(path).c_str(), GENERIC_WRITE, 0, nullptr, disposition, 0, nullptr);
+    if (file == INVALID_HANDLE_VALUE)
+        throw std::runtime_error("the file cannot be made");
+    DWORD written = 0;
+    WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
+    CloseHandle(file);
+}
+
 void remove_tree(const std::u16string& folder)
 {
     for (const Entry& entry : entries_of(folder)) {
@@ -83,12 +93,14 @@ TempFolder::~TempFolder() { remove_tree(path_); }
 std::u16string TempFolder::make_file(std::u16string_view name) const
 {
     std::u16string path = path_of(name);
-    const HANDLE file = CreateFileW(long_form(path).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr);
-    if (file == INVALID_HANDLE_VALUE)
-        throw std::runtime_error("the file cannot be made");
-    DWORD written = 0;
-    WriteFile(file, name.data(), static_cast<DWORD>(name.size() * sizeof(char16_t)), &written, nullptr);
-    CloseHandle(file);
+    write(path, CREATE_NEW, {reinterpret_cast<const char*>(name.data()), name.size() * sizeof(char16_t)});
+    return path;
+}
+
+std::u16string TempFolder::write_file(std::u16string_view name, std::string_view bytes) const
+{
+    std::u16string path = path_of(name);
+    write(path, CREATE_ALWAYS, bytes);
     return path;
 }
 

@@ -19,8 +19,11 @@ public:
         return path_ + u"\\" + std::u16string(name);
     }
 
-    /// Makes a file; `name` may have folders in front, which exist. Gives its path.
+    /// Makes a file; `name` may have folders in front, which exist. Gives its path. Throws std::runtime_error when
+    /// there is one already.
     std::u16string make_file(std::u16string_view name) const;
+    /// Makes a file with just these bytes, in place of one that is there. Gives its path.
+    std::u16string write_file(std::u16string_view name, std::string_view bytes) const;
     std::u16string make_folder(std::u16string_view name) const;
 
     /// Every file below, by its path from here on: what it holds. Folders stand with what they hold, and empty ones
