@@ -3,7 +3,7 @@
 //
 //     engine_bench [--quick] [--report=FILE] [options of Google Benchmark]
 //     engine_bench --check                    each operation once on each family; only whether it does what it is to
-//     time engine_bench --memory=COUNT             one run in this process; prints how many bytes it needed at its peak
+//     engine_bench --memory=COUNT             one run in this process; prints how many bytes it needed at its peak
 
 #include <benchmark/benchmark.h>
 

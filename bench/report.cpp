@@ -3,10 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
-#include <map>
 #include <nlohmann/json.hpp>
-#include <set>
-#include <utility>
 
 namespace multirename {
 
@@ -36,6 +33,14 @@ const std::vector<Comparison>& comparisons()
         {"plan", {"copy", "hash"}, std::nullopt},
     };
     return all;
+}
+
+// The others are what it is compared with.
+bool is_of_product(const Measurement& measurement)
+{
+    return std::ranges::any_of(comparisons(), [&measurement](const Comparison& comparison) {
+        return comparison.operation == measurement.operation;
+    });
 }
 
 std::string named(const Comparison& comparison)
@@ -94,11 +99,9 @@ void Report::add_growth(std::vector<Row>& rows) const
         const auto at_few = seconds(one.family, few, one.operation);
         if (one.names != many || !at_few || one.seconds == 0)
             continue;
-        const bool is_ours = std::ranges::any_of(
-            comparisons(), [&one](const Comparison& comparison) { return comparison.operation == one.operation; });
         rows.push_back({one.family, many, one.operation + ", per name / at 10,000",
                         one.seconds / double(many) / (*at_few / double(few)),
-                        is_ours ? std::optional(growth_goal) : std::nullopt});
+                        is_of_product(one) ? std::optional(growth_goal) : std::nullopt});
     }
 }
 
@@ -106,9 +109,7 @@ void Report::add_growth(std::vector<Row>& rows) const
 void Report::add_hostile(std::vector<Row>& rows) const
 {
     for (const Measurement& one : measurements) {
-        const bool is_ours = std::ranges::any_of(
-            comparisons(), [&one](const Comparison& comparison) { return comparison.operation == one.operation; });
-        if (!one.is_hostile || !is_ours || one.seconds == 0)
+        if (!one.is_hostile || !is_of_product(one) || one.seconds == 0)
             continue;
         double realistic = 0;
         std::size_t families = 0;

@@ -279,7 +279,9 @@ def goal_of(results, size, task):
         return "at most %.1f x the bare loop: %s" % (RENAME_GOAL, "met" if mine <= limit else "missed")
     if task == "preview":
         peers = [results.median((size, tool, task)) for tool in TOOLS if tool != "multirename"]
-        fastest = min(seconds for seconds in peers if seconds is not None)
+        fastest = min((seconds for seconds in peers if seconds is not None), default=None)
+        if fastest is None:
+            return ""
         return "faster than every peer's: %s" % ("met" if mine < fastest else "missed")
     return ""
 
