@@ -5,7 +5,6 @@
 #include <optional>
 #include <span>
 #include <string_view>
-#include <vector>
 
 #include "fileset/block_list.h"
 #include "fileset/filename.h"

@@ -2,9 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <vector>
-
 #include "fileset/scope_filter_reference.h"
+#include "fileset/testing/all_texts.h"
 
 namespace multirename {
 namespace {
@@ -100,16 +99,6 @@ INSTANTIATE_TEST_SUITE_P(Slashes, ScopePatternRow,
                                          ScopeRow{"SlashesAndWildsAtTheEndAreSkipped", u"A/*/*", u"A", true},
                                          ScopeRow{"OtherPatternAtTheEndIsNot", u"A/?", u"A", false}),
                          sentence_of);
-
-std::vector<std::u16string> all_texts(std::u16string_view alphabet, std::size_t longest)
-{
-    std::vector<std::u16string> texts = {u""};
-    for (std::size_t done = 0; texts[done].size() < longest; ++done) {
-        for (const char16_t unit : alphabet)
-            texts.push_back(texts[done] + unit);
-    }
-    return texts;
-}
 
 void expect_agreement(std::u16string_view pattern_alphabet, std::u16string_view text_alphabet, std::size_t longest)
 {

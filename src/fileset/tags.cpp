@@ -29,6 +29,8 @@ constexpr Keyword keywords[] = {
 
 bool is_letter(char16_t unit, char16_t lower_case) { return unit == lower_case || unit == lower_case - (u'a' - u'A'); }
 
+using Captures = std::span<const CapturedText>;
+
 // The text of one tag, read from its front. What it holds ends at the closing bracket, the next opening one, or the
 // end.
 class TagReader {
@@ -102,6 +104,16 @@ bool expand_date(TagReader& tag, const Filename* entry, FileTime Filename::*mome
     return true;
 }
 
+bool expand_last_write(TagReader& tag, const Filename* entry, Captures, BoundedText& output)
+{
+    return expand_date(tag, entry, &Filename::other_time, output);
+}
+
+bool expand_creation(TagReader& tag, const Filename* entry, Captures, BoundedText& output)
+{
+    return expand_date(tag, entry, &Filename::created, output);
+}
+
 enum class SizeUnit : std::uint32_t { Bytes = 0, Kilobytes = 10, Megabytes = 20, Gigabytes = 30, Automatic };
 
 SizeUnit take_size_unit(TagReader& tag)
@@ -142,7 +154,7 @@ std::u16string size_text(std::uint64_t size, SizeUnit unit, std::int64_t digits)
     return number_text(static_cast<std::int64_t>(std::min(rounded_up, largest)), digits).append(letter);
 }
 
-bool expand_size(TagReader& tag, const Filename* entry, BoundedText& output)
+bool expand_size(TagReader& tag, const Filename* entry, Captures, BoundedText& output)
 {
     std::int64_t digits = 0;
     SizeUnit unit = SizeUnit::Bytes;
@@ -167,7 +179,7 @@ std::u16string_view folder_name(std::u16string_view path)
     return before == none ? std::u16string_view() : path.substr(before + 1, last - before - 1);
 }
 
-bool expand_folder(TagReader& tag, const Filename* entry, BoundedText& output)
+bool expand_folder(TagReader& tag, const Filename* entry, Captures, BoundedText& output)
 {
     if (!tag.at_closing_bracket())
         return false;
@@ -176,7 +188,7 @@ bool expand_folder(TagReader& tag, const Filename* entry, BoundedText& output)
     return true;
 }
 
-bool expand_capture(TagReader& tag, const Filename* entry, std::span<const CapturedText> captures, BoundedText& output)
+bool expand_capture(TagReader& tag, const Filename* entry, Captures captures, BoundedText& output)
 {
     if (!tag.take(u':'))
         return false;
@@ -193,47 +205,51 @@ bool expand_capture(TagReader& tag, const Filename* entry, std::span<const Captu
     return true;
 }
 
+// The number behind the sign, or `otherwise` where that does not stand; nothing when the sign has no number.
+std::optional<std::int64_t> take_number_behind(TagReader& tag, char16_t sign, std::int64_t otherwise)
+{
+    return tag.take(sign) ? tag.take_number() : otherwise;
+}
+
 bool expand_running_number(TagReader& tag, const Filename* entry, BoundedText& output)
 {
     const auto start = tag.take_number();
     if (!start)
         return false;
-    std::int64_t step = 1;
-    std::int64_t digits = 0;
-    if (tag.take(u',')) {
-        const auto given = tag.take_number();
-        if (!given)
-            return false;
-        step = *given;
-    }
-    if (tag.take(u':')) {
-        const auto given = tag.take_number();
-        if (!given)
-            return false;
-        digits = *given;
-    }
+    const auto step = take_number_behind(tag, u',', 1);
+    if (!step)
+        return false;
+    const auto digits = take_number_behind(tag, u':', 0);
+    if (!digits)
+        return false;
     const bool within_folder = tag.take_letter(u'f');
     if (!tag.at_closing_bracket())
         return false;
     if (entry != nullptr) {
         const std::int64_t index = within_folder ? entry->folder_sequence : entry->sequence;
-        output.append(number_text(saturating_add(saturating_multiply(index, step), *start), digits));
+        output.append(number_text(saturating_add(saturating_multiply(index, *step), *start), *digits));
     }
     return true;
 }
 
-bool expand(TagReader tag, const Filename* entry, std::span<const CapturedText> captures, BoundedText& output)
+struct LetterTag {
+    char16_t letter; // in lower case
+    bool reads_details;
+    bool (*expand)(TagReader& tag, const Filename* entry, Captures captures, BoundedText& output);
+};
+
+// All tags that begin with a letter; any other can only be a running number.
+constexpr LetterTag letter_tags[] = {
+    {u'd', true, expand_last_write}, {u'c', true, expand_creation}, {u's', true, expand_size},
+    {u'f', false, expand_folder},    {u'n', false, expand_capture},
+};
+
+bool expand(TagReader tag, const Filename* entry, Captures captures, BoundedText& output)
 {
-    if (tag.take_letter(u'd'))
-        return expand_date(tag, entry, &Filename::other_time, output);
-    if (tag.take_letter(u'c'))
-        return expand_date(tag, entry, &Filename::created, output);
-    if (tag.take_letter(u's'))
-        return expand_size(tag, entry, output);
-    if (tag.take_letter(u'f'))
-        return expand_folder(tag, entry, output);
-    if (tag.take_letter(u'n'))
-        return expand_capture(tag, entry, captures, output);
+    for (const LetterTag& row : letter_tags) {
+        if (tag.take_letter(row.letter))
+            return row.expand(tag, entry, captures, output);
+    }
     return expand_running_number(tag, entry, output);
 }
 
@@ -249,6 +265,19 @@ bool expand_tag(std::u16string_view text, std::size_t& position, const Filename*
     else
         position = text[end] == u'>' ? end + 1 : end;
     return valid;
+}
+
+bool tags_read_details(std::u16string_view text) noexcept
+{
+    const auto reads_details = [](char16_t first) {
+        return std::ranges::any_of(
+            letter_tags, [first](const LetterTag& row) { return row.reads_details && is_letter(first, row.letter); });
+    };
+    for (std::size_t tag = text.find(u'<'); tag != none; tag = text.find(u'<', tag + 1)) {
+        if (tag + 1 < text.size() && reads_details(text[tag + 1]))
+            return true;
+    }
+    return false;
 }
 
 std::u16string number_text(std::int64_t value, std::int64_t digits)

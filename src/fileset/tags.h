@@ -34,6 +34,10 @@ struct CapturedText {
 bool expand_tag(std::u16string_view text, std::size_t& position, const Filename* entry,
                 std::span<const CapturedText> captures, BoundedText& output);
 
+/// Whether a tag in the text, well formed or not, is one that tells of the entry's times or its size; see
+/// `RenameFolder::read_details`.
+[[nodiscard]] bool tags_read_details(std::u16string_view text) noexcept;
+
 /// The digits of `value`, whose sign is dropped, with zeros in front up to `digits` digits, at most 255.
 [[nodiscard]] std::u16string number_text(std::int64_t value, std::int64_t digits);
 

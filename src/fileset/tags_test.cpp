@@ -343,6 +343,14 @@ TEST_F(TagCapture, IsNothingWhenNothingWasCaptured)
     EXPECT_EQ(captured(u"<N:1>"), u"");
 }
 
+TEST(TagsReadDetails, WhenTheyTellOfTimesOrOfTheSize)
+{
+    for (const std::u16string_view text : {u"<D>", u"<d>", u"<C>", u"<c:yyyy>", u"<S:6K>", u"<s", u"a <1><F> <S>"})
+        EXPECT_TRUE(tags_read_details(text)) << testing::PrintToString(text);
+    for (const std::u16string_view text : {u"", u"<", u"a<", u"<F>", u"<f>", u"<N:1>", u"<1,2:3F>", u"D<1>S", u"< D>"})
+        EXPECT_FALSE(tags_read_details(text)) << testing::PrintToString(text);
+}
+
 TEST(NumberText, PadsWithZerosUpToTheDigits)
 {
     EXPECT_EQ(number_text(0, 0), u"0");

@@ -1,7 +1,11 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <map>
+#include <optional>
+#include <span>
 
+#include "fileset/testing/all_texts.h"
 #include "pattern/name_pattern.h"
 
 namespace multirename {
@@ -83,6 +87,46 @@ TEST(CarrySettings, AtATieOneOfTwoPairsIsMade)
     const std::vector<int> paired = pairing({u"Q", u"P"}, {u"P", u"Q"});
     EXPECT_TRUE(paired == (std::vector<int>{1, -1}) || paired == (std::vector<int>{-1, 0}))
         << testing::PrintToString(paired);
+}
+
+// How many texts the rule pairs, with every choice followed to its end.
+std::size_t pairs_plainly(std::span<const std::u16string> new_texts, std::span<const std::u16string> old_texts)
+{
+    std::optional<std::size_t> most;
+    const auto try_pair = [&](std::size_t new_place, std::size_t old_place) {
+        if (new_place >= new_texts.size() || old_place >= old_texts.size() ||
+            new_texts[new_place] != old_texts[old_place])
+            return;
+        const std::size_t behind = pairs_plainly(new_texts.subspan(new_place + 1), old_texts.subspan(old_place + 1));
+        most = std::max(most.value_or(0), 1 + behind);
+    };
+    try_pair(0, 0);
+    for (std::size_t distance = 1; distance < std::max(new_texts.size(), old_texts.size()) && !most; ++distance) {
+        for (std::size_t nearer = 0; nearer < distance; ++nearer) {
+            try_pair(distance, nearer);
+            try_pair(nearer, distance);
+        }
+    }
+    return most.value_or(0);
+}
+
+TEST(CarrySettings, AsManyPairsAreMadeAsTheMeetingPointsAtTheNearestDistancesAllow)
+{
+    std::vector<Texts> lists;
+    for (const std::u16string& letters : all_texts(u"ABC", 4)) {
+        Texts& texts = lists.emplace_back();
+        for (const char16_t letter : letters)
+            texts.emplace_back(1, letter);
+    }
+    for (const Texts& new_texts : lists) {
+        for (const Texts& old_texts : lists) {
+            const std::vector<int> paired = pairing(new_texts, old_texts);
+            const auto pairs =
+                static_cast<std::size_t>(std::ranges::count_if(paired, [](int place) { return place >= 0; }));
+            ASSERT_EQ(pairs, pairs_plainly(new_texts, old_texts))
+                << testing::PrintToString(new_texts) << " after " << testing::PrintToString(old_texts);
+        }
+    }
 }
 
 TEST(CarrySettings, TextPartsTakeTheEditedText)

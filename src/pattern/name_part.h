@@ -43,6 +43,9 @@ struct NamePart {
     std::int64_t startNumber = -1; ///< what `baseNumber` becomes; negative: not set
     std::int64_t baseNumber = 0; ///< the smallest number that this part takes from the listed old names
 
+    /// What `baseNumber` becomes when the part is renumbered: itself while no start number is set.
+    [[nodiscard]] std::int64_t renumbered_base() const noexcept { return startNumber < 0 ? baseNumber : startNumber; }
+
     [[nodiscard]] static NamePart make_text(std::u16string_view text);
     /// The text part that stands where a pattern has no text: it gives back what it took, that is nothing.
     [[nodiscard]] static NamePart make_empty_text();

@@ -14,23 +14,14 @@ constexpr std::size_t none = std::u16string_view::npos;
 
 bool holds_tags(const NamePart& part) { return part.text.find(u'<') != none; }
 
-// Times and sizes are asked for by the tags whose letters these are.
-bool reads_details(const NamePart& part)
-{
-    constexpr std::u16string_view letters = u"dDcCsS";
-    for (std::size_t tag = part.text.find(u'<'); tag != none; tag = part.text.find(u'<', tag + 1)) {
-        if (tag + 1 < part.text.size() && letters.find(part.text[tag + 1]) != none)
-            return true;
-    }
-    return false;
-}
+bool reads_details(const NamePart& part) { return tags_read_details(part.text); }
 
 void append_replaced(BoundedText& output, const NamePart& part, std::u16string_view text)
 {
     while (true) {
         const std::size_t found = text.find(part.findText);
         output.append(text.substr(0, found));
-        if (found == std::u16string_view::npos)
+        if (found == none)
             return;
         output.append(part.replaceText);
         text.remove_prefix(found + part.findText.size());

@@ -1,7 +1,6 @@
 #include "pattern/number_part.h"
 
 #include <algorithm>
-#include <vector>
 
 #include "pattern/match_name.h"
 #include "text/decimal.h"
@@ -28,8 +27,8 @@ void append_with_width(std::u16string& name, std::u16string_view number, std::in
 
 std::int64_t renumbered(const NamePart& part, std::u16string_view digits)
 {
-    const std::int64_t start = part.startNumber < 0 ? part.baseNumber : part.startNumber;
-    const std::int64_t number = saturating_add(saturating_subtract(read_decimal(digits), part.baseNumber), start);
+    const std::int64_t offset = saturating_subtract(read_decimal(digits), part.baseNumber);
+    const std::int64_t number = saturating_add(offset, part.renumbered_base());
     return std::max<std::int64_t>(number, 0);
 }
 

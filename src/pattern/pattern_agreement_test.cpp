@@ -20,6 +20,7 @@
 #include <utility>
 #include <vector>
 
+#include "fileset/testing/all_texts.h"
 #include "pattern/match_name.h"
 #include "pattern/name_pattern.h"
 #include "pattern/pattern_analyser.h"
@@ -129,19 +130,6 @@ bool expect_agreement(std::span<const std::u16string_view> names)
 }
 
 // --- all small lists
-
-Names all_texts(std::u16string_view alphabet, std::size_t longest)
-{
-    Names texts{u""};
-    for (std::size_t first = 0, length = 1; length <= longest; ++length) {
-        const std::size_t end = texts.size();
-        for (; first < end; ++first) {
-            for (const char16_t unit : alphabet)
-                texts.push_back(texts[first] + unit);
-        }
-    }
-    return texts;
-}
 
 void compare_longer_lists(const Names& texts, NameViews& list, std::size_t most_names)
 {

@@ -136,6 +136,7 @@ INSTANTIATE_TEST_SUITE_P(
         PatternRow{"TheLongestRunSplits", {u"1ab-c2", u"3c+ab4"}, text, u"*ab*"},
         PatternRow{"TheFirstOfEquallyLongRunsSplits", {u"paqbr", u"sbtau"}, text, u"*a*"},
         PatternRow{"TheNameWithTheFewestCommonCharactersLeads", {u"pbqbra-", u"satbu"}, text, u"*a*"},
+        PatternRow{"ACharacterThatOneLeftPartLacksSplitsNone", {u"b-a_XY;", u"a.b~XY:", u"a+a=XY!b"}, text, u"*a*XY*"},
         PatternRow{"OnlyTheFirstOccurrenceSplits", {u"1a-2a3", u"4a5-6"}, text, u"*a*-*"},
         PatternRow{"DigitsCountOnceEveryMiddleHasOne", {u"x1y", u"z2w"}, numbers, u"*#*"},
         PatternRow{"DigitsDoNotCountWhileAMiddleHasNone", {u"x1y", u"z2w", u"q"}, numbers, u"*"},
@@ -169,6 +170,7 @@ INSTANTIATE_TEST_SUITE_P(
         PatternRow{
             "AmongWideNamesAWideCharacterThatIsNotSharedDoesNotCount", {u"bba\u4e2d", u"a\u4e00b"}, text, u"*a*"},
         PatternRow{"AnEmptyMiddleIsANarrowName", {u"\u4e2d", u"\u4e2d\u4e2d"}, text, u"\u4e2d*"},
+        PatternRow{"ANameWithTheFirstWideCharacterIsNotNarrow", {u"\u4e8cb\u0100", u"a\u0100b"}, text, u"*b*"},
         PatternRow{"TheFirstWideCharacterIsWide", {u"a\u0100b", u"c\u0100d", u"\u0100-"}, text, u"*\u0100*"},
         PatternRow{"AccentedLettersAreNarrow", {u"a\u00e9b", u"c\u00e9d", u"\u00e9-"}, text, u"*\u00e9*"},
         PatternRow{"HalvesOfSurrogatePairsAreCharacters", {u"x\U0001F600y", u"z\U0001F601w"}, text, u"*\xD83D*"},
@@ -284,6 +286,19 @@ TEST(PatternOfListedFiles, CountsAPathGivenTwiceOnce)
     Listing listing({u"a1"});
     listing.add(u"c:\\a\\", {u"A1"});
     EXPECT_EQ(computeNamePattern(listing.files, true, NameMode::WholeName).pattern, u"a1");
+}
+
+// The piece of the reference with the shorter number promises most until one name breaks it off, and comes to the same
+// marks as the one with the longer number, which weighs more than "abc".
+TEST(PatternOfManyNames, APieceWithALongerNumberIsFollowedThoughOneOfTheSameMarksWas)
+{
+    Names names;
+    for (int i = 0; i < 40; ++i)
+        names.push_back((i % 2 == 0 ? u"p" : u"q") + std::u16string(u"x1aaaaaaa_abc_x123") +
+                        (i % 2 == 0 ? u"z" : u"y"));
+    names[20] = u"pabc-x9-a-a-a-a-a-a-a-a-a-a-a-a-a-az";
+    EXPECT_EQ(pattern_of(names, numbers), u"*x#*a*a*a*a*a*a*a*a*");
+    EXPECT_EQ(reference_pattern_of_names(views_of(names), numbers), u"*x#*a*a*a*a*a*a*a*a*");
 }
 
 // --- lists that a plain search would not come to the end of

@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <string_view>
-#include <vector>
 
 #include "pattern/common_char_table.h"
 #include "pattern/run_bounds.h"

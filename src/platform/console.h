@@ -18,9 +18,10 @@ public:
     /// Writes to standard output. False when it could not be written, except that a reader who has gone away is no
     /// failure.
     virtual bool write(std::string_view text) = 0;
+    /// Writes to standard error; what cannot be written there is lost.
     virtual void write_error(std::string_view text) = 0;
 
-    /// The whole of standard input.
+    /// The whole of standard input, or as much of it as can be read.
     [[nodiscard]] virtual std::string read_input() = 0;
 
     [[nodiscard]] virtual bool output_is_terminal() = 0;

@@ -1,13 +1,13 @@
 #include "platform/disk.h"
-#include "platform/testing/listed_folder.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <chrono>
 #include <filesystem>
-#include <fstream>
-#include <random>
+
+#include "platform/testing/listed_folder.h"
+#include "platform/testing/temporary_folder.h"
 
 namespace multirename {
 namespace {
@@ -23,29 +23,11 @@ std::u16string engine_path(const fs::path& path)
 
 class SystemDisk : public testing::Test {
 protected:
-    void SetUp() override
-    {
-        std::random_device random;
-        folder_ = fs::temp_directory_path() / ("multirename_disk_test_" + std::to_string(random()));
-        fs::create_directory(folder_);
-    }
-
-    void TearDown() override
-    {
-        std::error_code error;
-        for (const auto& entry : fs::recursive_directory_iterator(folder_, error))
-            fs::permissions(entry.path(), fs::perms::owner_all, fs::perm_options::add, error);
-        fs::remove_all(folder_, error);
-    }
-
-    void write(const std::string& name, const std::string& content) const
-    {
-        std::ofstream(folder_ / name, std::ios::binary) << content;
-    }
+    [[nodiscard]] fs::path path(const std::string& name) const { return temporary_.path() / name; }
 
     [[nodiscard]] std::vector<DirectoryEntry> listing() const
     {
-        auto entries = listed_with_details(engine_path(folder_) + u"\\").entries;
+        auto entries = listed_with_details(engine_path(temporary_.path()) + u"\\").entries;
         std::ranges::sort(entries, {}, &DirectoryEntry::name);
         return entries;
     }
@@ -60,15 +42,15 @@ protected:
         return {};
     }
 
-    fs::path folder_;
+    TemporaryFolder temporary_;
 };
 
 TEST_F(SystemDisk, ListsFilesAndFoldersButNotTheFolderItselfOrItsParent)
 {
-    write("b.txt", "12345");
-    write("..x", "");
-    fs::create_directory(folder_ / "sub");
-    write("sub/deeper.txt", "");
+    temporary_.write("b.txt", "12345");
+    temporary_.write("..x", "");
+    fs::create_directory(path("sub"));
+    temporary_.write("sub/deeper.txt", "");
     const auto entries = listing();
     ASSERT_EQ(entries.size(), 3U);
     EXPECT_EQ(entries[0].name, u"..x");
@@ -80,8 +62,8 @@ TEST_F(SystemDisk, ListsFilesAndFoldersButNotTheFolderItselfOrItsParent)
 
 TEST_F(SystemDisk, TellsTheSizeOfAFile)
 {
-    write("empty", "");
-    write("five", "12345");
+    temporary_.write("empty", "");
+    temporary_.write("five", "12345");
     EXPECT_EQ(listed(u"empty").size, 0U);
     EXPECT_EQ(listed(u"five").size, 5U);
 }
@@ -89,9 +71,9 @@ TEST_F(SystemDisk, TellsTheSizeOfAFile)
 TEST_F(SystemDisk, TellsSizesBeyond32Bits)
 {
     constexpr std::uintmax_t five_gibibytes = 5ULL << 30;
-    write("large", "");
+    temporary_.write("large", "");
     std::error_code error;
-    fs::resize_file(folder_ / "large", five_gibibytes + 1, error);
+    fs::resize_file(path("large"), five_gibibytes + 1, error);
     if (error)
         GTEST_SKIP() << "no room for a sparse file here";
     EXPECT_EQ(listed(u"large").size, five_gibibytes + 1);
@@ -99,9 +81,9 @@ TEST_F(SystemDisk, TellsSizesBeyond32Bits)
 
 TEST_F(SystemDisk, TellsReadOnlyFilesFromOthers)
 {
-    write("open", "");
-    write("closed", "");
-    fs::permissions(folder_ / "closed", fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write,
+    temporary_.write("open", "");
+    temporary_.write("closed", "");
+    fs::permissions(path("closed"), fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write,
                     fs::perm_options::remove);
     EXPECT_FALSE(listed(u"open").read_only);
     EXPECT_TRUE(listed(u"closed").read_only);
@@ -109,27 +91,27 @@ TEST_F(SystemDisk, TellsReadOnlyFilesFromOthers)
 
 TEST_F(SystemDisk, TellsHiddenEntriesFromOthers)
 {
-    write(".hidden", "");
-    write("shown.txt", "");
+    temporary_.write(".hidden", "");
+    temporary_.write("shown.txt", "");
     EXPECT_TRUE(listed(u".hidden").is_hidden);
     EXPECT_FALSE(listed(u"shown.txt").is_hidden);
 }
 
 TEST_F(SystemDisk, TellsTheLastWriteInUnitsOf100Nanoseconds)
 {
-    write("early", "");
-    write("late", "");
+    temporary_.write("early", "");
+    temporary_.write("late", "");
     // Whole seconds, which every file system and runtime keeps.
-    const auto early = std::chrono::floor<std::chrono::seconds>(fs::last_write_time(folder_ / "early"));
-    fs::last_write_time(folder_ / "early", early);
-    fs::last_write_time(folder_ / "late", early + std::chrono::hours(1));
+    const auto early = std::chrono::floor<std::chrono::seconds>(fs::last_write_time(path("early")));
+    fs::last_write_time(path("early"), early);
+    fs::last_write_time(path("late"), early + std::chrono::hours(1));
     EXPECT_EQ(listed(u"late").last_write - listed(u"early").last_write, 36'000'000'000U);
 }
 
 TEST_F(SystemDisk, TellsTimesOfOurOwnDays)
 {
     constexpr FileTime start_of_2020 = 132'223'104'000'000'000;
-    write("new", "");
+    temporary_.write("new", "");
     const DirectoryEntry entry = listed(u"new");
     EXPECT_GT(entry.last_write, start_of_2020);
     EXPECT_TRUE(entry.created == 0 || entry.created > start_of_2020); // 0: this file system keeps no such time
@@ -137,9 +119,9 @@ TEST_F(SystemDisk, TellsTimesOfOurOwnDays)
 
 TEST_F(SystemDisk, AFolderThatCannotBeReadHasNoEntriesAndTellsWhy)
 {
-    write("file", "");
+    temporary_.write("file", "");
     for (const char* name : {"absent", "file"}) {
-        const ListedFolder unreadable = listed_folder(system_disk(), engine_path(folder_ / name) + u"\\");
+        const ListedFolder unreadable = listed_folder(system_disk(), engine_path(path(name)) + u"\\");
         EXPECT_TRUE(unreadable.entries.empty());
         EXPECT_TRUE(unreadable.error);
     }
@@ -148,11 +130,9 @@ TEST_F(SystemDisk, AFolderThatCannotBeReadHasNoEntriesAndTellsWhy)
 
 TEST_F(SystemDisk, KnowsTheWorkingDirectory)
 {
-    const fs::path before = fs::current_path();
-    fs::current_path(folder_);
+    const WorkingDirectory here(temporary_.path());
     const auto told = system_disk().working_directory();
     const std::u16string expected = engine_path(fs::current_path());
-    fs::current_path(before);
     ASSERT_TRUE(told);
     EXPECT_EQ(*told, expected);
 }

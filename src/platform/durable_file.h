@@ -69,6 +69,7 @@ public:
     /// after `sync`. False when it cannot be written.
     bool overwrite(std::size_t offset, char byte) noexcept;
 
+    /// Waits until what was overwritten is on the disk, as far as the system lets that be done.
     void sync() noexcept;
 
     [[nodiscard]] bool is_open() const noexcept { return handle_ != no_handle; }
@@ -78,7 +79,7 @@ private:
     explicit DurableFile(std::intptr_t handle) noexcept : handle_(handle) { }
 
     std::intptr_t handle_ = no_handle;
-    std::span<char> in_memory_; ///< the file's first bytes, where the system shares them
+    std::span<char> in_memory_; // the file's first bytes, where the system shares them
 };
 
 } // namespace multirename

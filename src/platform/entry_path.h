@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <string>
 #include <string_view>
@@ -27,8 +28,15 @@ public:
     [[nodiscard]] std::error_code folder(std::string_view native_path, std::u16string& path);
 
 private:
+    struct FoundFolder {
+        std::u16string path; // ending in "\"
+        std::string identity; // the same for every way to the folder
+    };
+    // Asks the system for the folder to which the path leads.
+    [[nodiscard]] static std::error_code find_folder(std::string_view native_path, FoundFolder& found);
+
     std::map<std::string, std::u16string, std::less<>> folders_; // by the path as it was given
-    std::map<std::string, std::u16string> identities_; // by what is the same for every way to a folder
+    std::map<std::string, std::u16string> identities_; // the path that was found first, by the folder's identity
 };
 
 } // namespace multirename

@@ -4,6 +4,7 @@
 #include "platform/name_key.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstring>
 
 #include "platform/upper_case_table.h"
@@ -13,6 +14,7 @@ namespace multirename {
 namespace {
 
 constexpr std::size_t units_per_word = 4;
+static_assert(std::endian::native == std::endian::little, "the first unit of a word in memory is its lowest bits");
 
 // The same number in each of the four units of a word.
 constexpr std::uint64_t in_each(std::uint64_t unit) { return unit * 0x0001'0001'0001'0001U; }
@@ -86,8 +88,6 @@ std::uint64_t hash_of(std::u16string_view name)
 }
 
 } // namespace
-
-char16_t key_unit(char16_t unit) noexcept { return upper_case()[unit]; }
 
 void name_key(std::u16string_view name, std::u16string& key)
 {

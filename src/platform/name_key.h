@@ -15,9 +15,6 @@ namespace multirename {
 /// The same into `key`, whose room is used again.
 void name_key(std::u16string_view name, std::u16string& key);
 
-/// The upper case of one unit.
-[[nodiscard]] char16_t key_unit(char16_t unit) noexcept;
-
 /// How the keys of two names compare, without making them: below 0, 0 or above 0, as `std::u16string::compare` has it.
 [[nodiscard]] int compare_keys(std::u16string_view a, std::u16string_view b) noexcept;
 

@@ -101,11 +101,12 @@ TEST(ComparedNames, EveryUnitIsTakenForItsKeyWhereverItStandsInAWord)
 {
     for (unsigned code = 1; code < 0x10000; ++code) {
         const auto unit = static_cast<char16_t>(code);
+        const char16_t upper_case = name_key({&unit, 1}).front();
         for (std::size_t place = 0; place < 5; ++place) {
             std::u16string name = u"aBc-e";
             name[place] = unit;
             const std::u16string key = name_key(name);
-            ASSERT_EQ(key[place], key_unit(unit));
+            ASSERT_EQ(key[place], upper_case) << code;
             ASSERT_TRUE(have_one_key(name, key)) << code;
             ASSERT_EQ(key_hash(name), key_hash(key)) << code;
         }

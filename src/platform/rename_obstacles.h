@@ -1,6 +1,7 @@
 #pragma once
 
-#include <cstdint>
+#include <cstddef>
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -25,14 +26,14 @@ public:
 
 private:
     struct Folder {
-        std::error_code error; ///< why nothing in it can be renamed
-        std::size_t longest_name = 0; ///< bytes
-        bool is_sticky = false; ///< only who owns an entry, or the folder, may rename it
+        std::error_code error; // why nothing in it can be renamed
+        std::size_t longest_name = 0; // bytes
+        bool is_sticky = false; // only who owns an entry, or the folder, may rename it
     };
     [[nodiscard]] const Folder& known(std::string_view path);
 
     std::map<std::string, Folder, std::less<>> folders_;
-    const std::pair<const std::string, Folder>* last_ = nullptr; ///< entries come folder by folder
+    const std::pair<const std::string, Folder>* last_ = nullptr; // entries come folder by folder
 };
 
 } // namespace multirename

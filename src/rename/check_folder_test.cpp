@@ -74,6 +74,7 @@ TEST_P(CheckFolderRow, Statuses)
 TEST_P(CheckFolderRow, Order) { EXPECT_EQ(names_of(test_->files.folders.front()->rename_order), GetParam().order); }
 
 constexpr auto stays = std::nullopt;
+constexpr Status pending = Status::Pending;
 constexpr Status ready = Status::Ready;
 constexpr Status unchanged = Status::Unchanged;
 constexpr Status same_name = Status::SameName;
@@ -240,38 +241,41 @@ struct PlainEntry {
     std::u16string name;
     std::u16string new_name;
     bool in_scope = false;
-    int status = 0;
+    Status status = Status::Pending;
 };
 
-std::vector<std::size_t> check_plainly(std::vector<PlainEntry>& entries)
+using PlainEntries = std::vector<PlainEntry>;
+
+std::optional<std::size_t> find_plainly(const PlainEntries& entries, const std::u16string& name)
 {
-    const auto find = [&entries](const std::u16string& name) -> std::optional<std::size_t> {
-        for (std::size_t i = 0; i < entries.size(); ++i) {
-            if (name_key(entries[i].name) == name_key(name))
-                return i;
-        }
-        return std::nullopt;
-    };
     for (std::size_t i = 0; i < entries.size(); ++i) {
-        PlainEntry& entry = entries[i];
-        const std::u16string& wanted = entry.new_name;
-        if (!entry.in_scope) {
-            entry.status = 2;
-        } else if (wanted.empty()) {
-            entry.status = 6;
-        } else if (wanted == entry.name) {
-            entry.status = 3;
-        } else if (wanted.size() >= 256) {
-            entry.status = 8;
-        } else if (wanted.front() == u' ' || wanted.back() == u' ' || wanted.back() == u'.') {
-            entry.status = 7;
-        } else {
-            const auto holder = find(wanted);
-            const bool is_taken = holder && *holder != i &&
-                (!entries[*holder].in_scope || entries[*holder].new_name == entries[*holder].name);
-            entry.status = is_taken ? 5 : 0;
-        }
+        if (name_key(entries[i].name) == name_key(name))
+            return i;
     }
+    return std::nullopt;
+}
+
+Status judge_plainly(const PlainEntries& entries, std::size_t index)
+{
+    const std::u16string& wanted = entries[index].new_name;
+    if (!entries[index].in_scope)
+        return ready;
+    if (wanted.empty())
+        return empty;
+    if (wanted == entries[index].name)
+        return unchanged;
+    if (wanted.size() >= 256)
+        return too_long;
+    if (wanted.front() == u' ' || wanted.back() == u' ' || wanted.back() == u'.')
+        return space_or_period;
+    const auto holder = find_plainly(entries, wanted);
+    const bool is_taken = holder && *holder != index &&
+        (!entries[*holder].in_scope || entries[*holder].new_name == entries[*holder].name);
+    return is_taken ? existing : pending;
+}
+
+void refuse_same_names_plainly(PlainEntries& entries)
+{
     std::map<std::u16string, std::size_t> first_with;
     for (std::size_t i = 0; i < entries.size(); ++i) {
         if (!entries[i].in_scope)
@@ -280,27 +284,40 @@ std::vector<std::size_t> check_plainly(std::vector<PlainEntry>& entries)
         if (is_new)
             continue;
         for (const std::size_t one : {first->second, i}) {
-            if (entries[one].status == 0)
-                entries[one].status = 4;
+            if (entries[one].status == pending)
+                entries[one].status = same_name;
         }
     }
+}
+
+std::vector<std::size_t> order_plainly(PlainEntries& entries)
+{
     std::vector<std::size_t> order;
     for (bool appended = true; appended;) {
         appended = false;
         for (std::size_t i = 0; i < entries.size(); ++i) {
-            if (entries[i].status != 0)
+            if (entries[i].status != pending)
                 continue;
-            const auto holder = find(entries[i].new_name);
-            if (!holder || *holder == i || entries[*holder].status != 0) {
-                entries[i].status = 2;
+            const auto holder = find_plainly(entries, entries[i].new_name);
+            if (!holder || *holder == i || entries[*holder].status != pending) {
+                entries[i].status = ready;
                 order.push_back(i);
                 appended = true;
             }
         }
     }
+    return order;
+}
+
+std::vector<std::size_t> check_plainly(PlainEntries& entries)
+{
+    for (std::size_t i = 0; i < entries.size(); ++i)
+        entries[i].status = judge_plainly(entries, i);
+    refuse_same_names_plainly(entries);
+    const std::vector<std::size_t> order = order_plainly(entries);
     for (PlainEntry& entry : entries) {
-        if (entry.status == 0)
-            entry.status = 5;
+        if (entry.status == pending)
+            entry.status = existing;
     }
     return order;
 }
@@ -335,7 +352,7 @@ TEST(CheckFolder, AgreesWithTheStepsTakenOneByOne)
     for (int round = 0; round < 5000; ++round) {
         const auto test = folder_with(random_wishes(random));
         RenameFolder& folder = *test->files.folders.front();
-        std::vector<PlainEntry> plain;
+        PlainEntries plain;
         for (const Filename& entry : *folder.entries)
             plain.push_back({std::u16string(entry.name), std::u16string(entry.new_name), entry.in_scope});
         Names order;
@@ -343,7 +360,7 @@ TEST(CheckFolder, AgreesWithTheStepsTakenOneByOne)
             order.push_back(plain[index].name);
         check_folder(folder);
         for (const PlainEntry& entry : plain)
-            ASSERT_EQ(static_cast<int>(test->entry(entry.name, root).status), entry.status) << round;
+            ASSERT_EQ(test->entry(entry.name, root).status, entry.status) << round;
         ASSERT_EQ(names_of(folder.rename_order), order) << round;
     }
 }

@@ -6,7 +6,6 @@
 #include <random>
 
 #include "fileset/testing/test_files.h"
-#include "platform/name_key.h"
 #include "rename/check_folder.h"
 
 namespace multirename {

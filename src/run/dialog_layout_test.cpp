@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "run/dpi.h"
-
 namespace multirename {
 namespace {
 

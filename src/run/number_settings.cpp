@@ -1,6 +1,5 @@
 #include "run/number_settings.h"
 
-#include "run/wild_settings.h"
 #include "text/decimal.h"
 
 namespace multirename {
@@ -9,9 +8,7 @@ namespace {
 
 std::int64_t start_of(const NamePart& part, const ChangeNumberDlgSettings& remembered)
 {
-    if (!part.renumber)
-        return remembered.start;
-    return part.startNumber < 0 ? part.baseNumber : part.startNumber;
+    return part.renumber ? part.renumbered_base() : remembered.start;
 }
 
 NumberChoice choice_of(const NamePart& part)

@@ -36,9 +36,8 @@ bool is_renumbered_as_remembered(const NamePart& part, const ChangeNumberDlgSett
 {
     if (!part.renumber || remembered == nullptr)
         return part.renumber;
-    const std::int64_t start = part.startNumber < 0 ? part.baseNumber : part.startNumber;
     const bool part_makes_digits = part.leadingZeros == LeadingZerosMode::FixedDigits;
-    return part_makes_digits == makes_digits(remembered) && start == remembered->start &&
+    return part_makes_digits == makes_digits(remembered) && part.renumbered_base() == remembered->start &&
         part.length == remembered->digits;
 }
 

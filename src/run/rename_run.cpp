@@ -7,8 +7,6 @@
 
 #include "pattern/match_name.h"
 #include "pattern/new_name.h"
-#include "pattern/number_part.h"
-#include "pattern/pattern_analyser.h"
 #include "platform/name_key.h"
 #include "rename/check_folder.h"
 #include "run/pasted_names.h"
@@ -158,22 +156,21 @@ void RenameRun::refresh_names()
 
 bool RenameRun::set_allow_extension_changes(bool checked)
 {
-    if (!allow_extension_changes_.enabled || !pattern_controls_enabled_)
-        return false;
-    remembered_.allow_extension_changes = checked;
-    const std::size_t previous = pattern_index();
-    allow_extension_changes_.checked = checked;
-    change_mode(previous);
-    return true;
+    return click(allow_extension_changes_, checked, remembered_.allow_extension_changes);
 }
 
 bool RenameRun::set_numbers_as_text(bool checked)
 {
-    if (!numbers_as_text_.enabled || !pattern_controls_enabled_)
+    return click(numbers_as_text_, checked, remembered_.numbers_as_text);
+}
+
+bool RenameRun::click(CheckBox& box, bool checked, bool& remembered)
+{
+    if (!box.enabled || !pattern_controls_enabled_)
         return false;
-    remembered_.numbers_as_text = checked;
+    remembered = checked;
     const std::size_t previous = pattern_index();
-    numbers_as_text_.checked = checked;
+    box.checked = checked;
     change_mode(previous);
     return true;
 }
@@ -283,7 +280,7 @@ std::optional<Message> RenameRun::paste_names(std::u16string_view text, std::spa
 
 std::optional<Message> RenameRun::paste_lines(std::u16string_view text, std::span<const std::size_t> rows)
 {
-    constexpr std::size_t longest_first_line = 255;
+    constexpr std::size_t longest_first_line = 255; // later ones are taken as they are, and their names judged
     if (holds_forbidden_character(text))
         return message(MessageId::PasteForbidden);
     const std::vector<std::u16string_view> lines = pasted_lines(text);

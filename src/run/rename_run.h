@@ -1,8 +1,6 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
-#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -142,8 +140,9 @@ public:
     [[nodiscard]] Message copied_message() const;
 
     /// Takes the new names of all rows, or of the given ones, from the lines of `text`; blank lines count for nothing.
-    /// While extensions are left alone each file keeps its own. When the lines cannot be used, every name stays as it
-    /// is, and the message says why.
+    /// While extensions are left alone each file keeps its own. The lines cannot be used when one holds a character
+    /// that names may not hold, when the first has more than 255, or when they are not as many as the rows: then every
+    /// name stays as it is, and the message says why.
     std::optional<Message> paste_names(std::u16string_view text);
     std::optional<Message> paste_names(std::u16string_view text, std::span<const std::size_t> rows);
 
@@ -165,6 +164,7 @@ private:
     void compute_patterns();
     void mark_scope();
     void number_rows();
+    bool click(CheckBox& box, bool checked, bool& remembered);
     void change_mode(std::size_t previous_index);
     [[nodiscard]] std::optional<Message> paste_lines(std::u16string_view text, std::span<const std::size_t> rows);
     [[nodiscard]] std::vector<std::size_t> all_rows() const;
@@ -176,8 +176,7 @@ private:
     RememberedBoxes& remembered_;
     MessageSource texts_;
     LargeVector<Filename*> rows_;
-    std::optional<RememberedMatches>
-        matches_; // of the names in scope with the current pattern, while these are the same
+    std::optional<RememberedMatches> matches_; // of the names in scope, while these and the pattern are the same
     ModePatterns modes_;
     CheckBox allow_extension_changes_;
     CheckBox numbers_as_text_;

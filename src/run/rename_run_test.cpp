@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <random>
 
 #include "pattern/new_name.h"
@@ -629,8 +628,6 @@ TEST(RunRemoval, ThePatternIsNotComputedAgain)
     EXPECT_EQ(test.run.pattern().patternText, u"*");
 }
 
-// Reset
-
 TEST(RunRemoval, OfTheLastRowThatThePatternGovernsDisablesTheControls)
 {
     TestRun test(photos);
@@ -640,6 +637,8 @@ TEST(RunRemoval, OfTheLastRowThatThePatternGovernsDisablesTheControls)
     test.run.remove_rows(Rows{1});
     EXPECT_FALSE(test.run.pattern_controls_enabled());
 }
+
+// Reset
 
 TEST(RunReset, ForgetsTheEdits)
 {
@@ -1134,12 +1133,14 @@ INSTANTIATE_TEST_SUITE_P(
             "EveryKindInItsOrder",
             {Status::Forbidden, Status::TooLong, Status::SpaceOrPeriod, Status::Empty, Status::ExistingName,
              Status::SameName, Status::Ready, Status::Unchanged},
-            u"Unable to rename files:\r\n1 file is being renamed to the same name.\r\n1 file is being renamed to the "
-            u"same "
-            u"name as an existing file.\r\n1 file is being renamed to empty name.\r\n1 file is being renamed to an "
-            u"invalid name. Filenames must not start or end with a space, and must not end with a period.\r\n1 file is "
-            u"being renamed to a name that is too long (> 255 characters).\r\n1 file is being renamed to an invalid "
-            u"name. Filenames cannot contain any of these characters: \\ / : * ? \" < > |"}),
+            u"Unable to rename files:\r\n1 file is being renamed to the same name.\r\n"
+            u"1 file is being renamed to the same name as an existing file.\r\n"
+            u"1 file is being renamed to empty name.\r\n"
+            u"1 file is being renamed to an invalid name. Filenames must not start or end with a space, and must not "
+            u"end with a period.\r\n"
+            u"1 file is being renamed to a name that is too long (> 255 characters).\r\n"
+            u"1 file is being renamed to an invalid name. Filenames cannot contain any of these characters: "
+            u"\\ / : * ? \" < > |"}),
     [](const auto& row) { return std::string(row.param.sentence); });
 
 TEST(RunTexts, ComeFromTheGivenSource)

@@ -1,7 +1,6 @@
 #include "run/wild_settings.h"
 
 #include <algorithm>
-#include <limits>
 
 #include "text/decimal.h"
 
@@ -55,12 +54,6 @@ void WildSettings::store(NamePart& part) const noexcept
     part.caseStyle = style_.value_or(CaseStyle::Unchanged);
     part.truncate = truncates_;
     part.length = read_small_number(length_text_);
-}
-
-std::int32_t read_small_number(std::u16string_view text) noexcept
-{
-    using Small = std::numeric_limits<std::int32_t>;
-    return static_cast<std::int32_t>(std::clamp<std::int64_t>(read_decimal(text), Small::min(), Small::max()));
 }
 
 } // namespace multirename

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -42,8 +41,5 @@ private:
     bool length_enabled_;
     std::u16string length_text_;
 };
-
-/// The number that a text starts with, brought into 32 bits; 0 when it starts with none.
-[[nodiscard]] std::int32_t read_small_number(std::u16string_view text) noexcept;
 
 } // namespace multirename

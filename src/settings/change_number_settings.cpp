@@ -43,10 +43,10 @@ ChangeNumberDlgSettings::ChangeNumberDlgSettings(UserValues& store, std::u16stri
     std::uint32_t stored_mode = number_of(mode);
     read(mode_value, stored_mode);
     mode = mode_of(stored_mode);
-    std::uint32_t stored_start = 1;
+    auto stored_start = static_cast<std::uint32_t>(start);
     read(start_value, stored_start);
     start = stored_start; // widened without sign: a stored -5 comes back as 4294967291
-    std::uint32_t stored_digits = 4;
+    auto stored_digits = static_cast<std::uint32_t>(digits);
     read(digits_value, stored_digits);
     digits = static_cast<std::int32_t>(stored_digits);
 }

@@ -17,7 +17,7 @@ public:
     ChangeNumberDlgSettings(UserValues& store, std::u16string_view product_name);
 
     LeadingZerosMode mode = LeadingZerosMode::Unchanged;
-    std::int64_t start = 0;
+    std::int64_t start = 1;
     std::int32_t digits = 4;
 
     /// Remember a value here and in the store. A start that does not fit 32 bits with a sign is remembered only here;

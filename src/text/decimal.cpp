@@ -1,5 +1,6 @@
 #include "text/decimal.h"
 
+#include <algorithm>
 #include <limits>
 
 namespace multirename {
@@ -30,9 +31,15 @@ std::int64_t read_decimal(std::u16string_view text) noexcept
     }
     // Collected as a negative number, whose range is the larger by one.
     std::int64_t value = 0;
-    for (; position < text.size() && is_digit(text[position]); ++position)
+    for (; position < end; ++position)
         value = saturating_subtract(saturating_multiply(value, 10), text[position] - u'0');
     return negative ? value : saturating_subtract(0, value);
+}
+
+std::int32_t read_small_number(std::u16string_view text) noexcept
+{
+    using Small = std::numeric_limits<std::int32_t>;
+    return static_cast<std::int32_t>(std::clamp<std::int64_t>(read_decimal(text), Small::min(), Small::max()));
 }
 
 std::u16string_view DecimalDigits::write(std::int64_t value) noexcept

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -22,6 +23,9 @@ namespace multirename {
 /// up to the first other character count. No digits give 0; a number that does not fit 64 bits gives the nearest that
 /// does.
 [[nodiscard]] std::int64_t read_decimal(std::u16string_view text) noexcept;
+
+/// The same, brought to the nearest number of 32 bits.
+[[nodiscard]] std::int32_t read_small_number(std::u16string_view text) noexcept;
 
 /// Writes numbers into memory of its own.
 class DecimalDigits {

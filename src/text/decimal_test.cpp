@@ -50,11 +50,22 @@ INSTANTIATE_TEST_SUITE_P(
         DecimalRow{"TheFirstOtherCharacterEndsALongOneToo", u"1234567890123456789a1", 1234567890123456789},
         DecimalRow{"TheLargestIsRead", u"9223372036854775807", largest},
         DecimalRow{"OneMoreGivesTheLargest", u"9223372036854775808", largest},
-        DecimalRow{"AHundredDigitsGiveTheLargest",
+        DecimalRow{"ManyDigitsGiveTheLargest",
                    u"11111111111111111111111111111111111111111111111111111111111111111111111111111111111111", largest},
         DecimalRow{"TheSmallestIsRead", u"-9223372036854775808", smallest},
         DecimalRow{"OneLessGivesTheSmallest", u"-9223372036854775809", smallest}),
     [](const auto& row) { return std::string(row.param.sentence); });
+
+TEST(SmallNumber, IsTheNearestOf32Bits)
+{
+    EXPECT_EQ(read_small_number(u"12 or so"), 12);
+    EXPECT_EQ(read_small_number(u"x1"), 0);
+    EXPECT_EQ(read_small_number(u"2147483647"), INT32_MAX);
+    EXPECT_EQ(read_small_number(u"2147483648"), INT32_MAX);
+    EXPECT_EQ(read_small_number(u"99999999999999999999"), INT32_MAX);
+    EXPECT_EQ(read_small_number(u"-2147483648"), INT32_MIN);
+    EXPECT_EQ(read_small_number(u"-3000000000"), INT32_MIN);
+}
 
 TEST(DecimalText, HasNoLeadingZerosAndKeepsTheSign)
 {

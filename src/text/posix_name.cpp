@@ -12,7 +12,6 @@ namespace {
 
 constexpr std::u16string_view mapped_characters = u"\\:*?\"<>|";
 constexpr char16_t mapped_base = 0xF000;
-constexpr char16_t stray_byte_base = 0xDC00;
 
 // One bit for each character of ASCII that is moved aside. Most names hold none and nothing beyond ASCII, and there are
 // many of them, so that they are looked through without a search for each character.
@@ -51,7 +50,7 @@ std::u16string typed_from_bytes(std::string_view bytes)
             continue;
         }
         for (const char byte : to_bytes({&unit, 1}))
-            text.push_back(static_cast<char16_t>(stray_byte_base + static_cast<unsigned char>(byte)));
+            text.push_back(unit_for_byte(byte));
     }
     return text;
 }

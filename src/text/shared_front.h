@@ -9,6 +9,8 @@
 
 namespace multirename {
 
+static_assert(std::endian::native == std::endian::little, "the first unit of a word in memory is its lowest bits");
+
 /// How many units two texts share from their fronts.
 [[nodiscard]] inline std::size_t shared_front(std::u16string_view a, std::u16string_view b) noexcept
 {

@@ -13,6 +13,12 @@ namespace multirename {
 [[nodiscard]] constexpr bool is_half(char16_t unit) noexcept { return unit >= 0xD800 && unit <= 0xDFFF; }
 /// Of a half that stands alone only.
 [[nodiscard]] constexpr bool stands_for_byte(char16_t unit) noexcept { return unit >= 0xDC80 && unit <= 0xDCFF; }
+/// The half that stands for a byte from 0x80 on, and the way back.
+[[nodiscard]] constexpr char16_t unit_for_byte(char byte) noexcept
+{
+    return static_cast<char16_t>(0xDC00 + static_cast<unsigned char>(byte));
+}
+[[nodiscard]] constexpr char byte_of_unit(char16_t unit) noexcept { return static_cast<char>(unit - 0xDC00); }
 
 /// Whether both halves of a character stand at the index.
 [[nodiscard]] constexpr bool is_pair_at(std::u16string_view text, std::size_t index) noexcept

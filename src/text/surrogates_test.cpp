@@ -23,5 +23,16 @@ TEST(Surrogates, BothHalvesAreOneCharacter)
     EXPECT_EQ(joined_halves(0xDBFF, 0xDFFF), U'\U0010FFFF');
 }
 
+TEST(Surrogates, AHalfThatStandsForAByteGivesItBack)
+{
+    for (unsigned byte = 0x80; byte <= 0xFF; ++byte) {
+        const char16_t unit = unit_for_byte(static_cast<char>(byte));
+        EXPECT_TRUE(stands_for_byte(unit)) << byte;
+        EXPECT_EQ(byte_of_unit(unit), static_cast<char>(byte)) << byte;
+    }
+    EXPECT_FALSE(stands_for_byte(0xDC7F));
+    EXPECT_FALSE(stands_for_byte(0xDD00));
+}
+
 } // namespace
 } // namespace multirename

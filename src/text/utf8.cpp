@@ -9,8 +9,6 @@ namespace multirename {
 
 namespace {
 
-constexpr char16_t stray_byte_base = 0xDC00;
-
 struct Decoded {
     char32_t code_point = 0;
     std::size_t length = 0; // 0: no well-formed sequence starts here
@@ -67,7 +65,7 @@ std::u16string from_bytes(std::string_view bytes)
     while (!bytes.empty()) {
         const Decoded decoded = decode_one(bytes);
         if (decoded.length == 0) {
-            text.push_back(static_cast<char16_t>(stray_byte_base + static_cast<std::uint8_t>(bytes[0])));
+            text.push_back(unit_for_byte(bytes[0]));
             bytes.remove_prefix(1);
             continue;
         }
@@ -91,7 +89,7 @@ std::string to_bytes(std::u16string_view text)
         if (is_pair_at(text, i)) {
             append_utf8(bytes, joined_halves(unit, text[++i]));
         } else if (stands_for_byte(unit)) {
-            bytes.push_back(static_cast<char>(unit - stray_byte_base));
+            bytes.push_back(byte_of_unit(unit));
         } else if (is_half(unit)) {
             append_utf8(bytes, 0xFFFD);
         } else {

@@ -56,6 +56,7 @@ inline constexpr std::array<CaseStyleLabel, 11> case_style_labels = {{
 /// The word with its first letter in upper case and everything else in lower case.
 [[nodiscard]] std::u16string CapitalizeWord(std::u16string_view word);
 
+/// The text with every unit in upper or in lower case; its length never changes.
 [[nodiscard]] std::u16string ToUpper(std::u16string_view text);
 [[nodiscard]] std::u16string ToLower(std::u16string_view text);
 

@@ -14,6 +14,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/posix/last_error.h"
 #include "text/posix_name.h"
 
 namespace multirename {
@@ -85,7 +86,7 @@ public:
                 visit(*found);
             errno = 0;
         }
-        return {errno, std::system_category()};
+        return last_error();
     }
 
     [[nodiscard]] bool lists(const std::string& name) const
@@ -126,7 +127,7 @@ public:
     {
         const Folder folder(bytes_from_path(folder_path));
         if (!folder.is_open())
-            return {false, {errno, std::system_category()}};
+            return {false, last_error()};
         CaseProbe probe;
         DirectoryEntry entry;
         const std::error_code error = folder.read([&](const dirent& found) {

@@ -10,12 +10,11 @@
 #include <cerrno>
 
 #include "platform/move_entry.h"
+#include "platform/posix/last_error.h"
 
 namespace multirename {
 
 namespace {
-
-std::error_code last_error() { return {errno, std::system_category()}; }
 
 std::error_code write_all(int file, std::string_view content)
 {

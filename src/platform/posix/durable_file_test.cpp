@@ -21,6 +21,14 @@ class PosixDurableFile : public testing::Test {
 protected:
     [[nodiscard]] fs::path path(const std::string& name = "file") const { return temporary_.path() / name; }
 
+    [[nodiscard]] std::string opened_content() const
+    {
+        DurableFile file;
+        std::string content;
+        EXPECT_FALSE(DurableFile::open(path(), file, content));
+        return content;
+    }
+
     TemporaryFolder temporary_;
 };
 
@@ -64,10 +72,7 @@ TEST_F(PosixDurableFile, IsFreeOnceTheProcessIsGone)
                   return 2;
               }),
               256 + SIGKILL);
-    DurableFile file;
-    std::string content;
-    EXPECT_FALSE(DurableFile::open(path(), file, content));
-    EXPECT_EQ(content, "content");
+    EXPECT_EQ(opened_content(), "content");
 }
 
 TEST_F(PosixDurableFile, KeepsWhatWasOverwrittenWhenTheProcessIsGone)
@@ -82,10 +87,7 @@ TEST_F(PosixDurableFile, KeepsWhatWasOverwrittenWhenTheProcessIsGone)
                   return 2;
               }),
               256 + SIGKILL);
-    DurableFile file;
-    std::string content;
-    EXPECT_FALSE(DurableFile::open(path(), file, content));
-    EXPECT_EQ(content, "Content");
+    EXPECT_EQ(opened_content(), "Content");
 }
 
 TEST_F(PosixDurableFile, IsNotMadeOrOpenedThroughALink)

@@ -2,10 +2,10 @@
 
 #include <sys/stat.h>
 
-#include <cerrno>
 #include <cstdlib>
 #include <memory>
 
+#include "platform/posix/last_error.h"
 #include "text/posix_name.h"
 
 namespace multirename {
@@ -15,8 +15,6 @@ namespace {
 struct Free {
     void operator()(char* memory) const noexcept { std::free(memory); } // NOLINT: realpath gives memory of malloc's
 };
-
-std::error_code last_error() { return {errno, std::system_category()}; }
 
 std::string_view without_trailing_slashes(std::string_view path)
 {
@@ -44,13 +42,8 @@ std::error_code EntryPaths::entry(std::string_view native_path, EntryPath& path)
     return {};
 }
 
-std::error_code EntryPaths::folder(std::string_view native_path, std::u16string& path)
+std::error_code EntryPaths::find_folder(std::string_view native_path, FoundFolder& found)
 {
-    const auto known = folders_.find(native_path);
-    if (known != folders_.end()) {
-        path = known->second;
-        return {};
-    }
     const std::string given(native_path);
     const std::unique_ptr<char, Free> resolved(realpath(given.c_str(), nullptr));
     if (resolved == nullptr)
@@ -63,10 +56,7 @@ std::error_code EntryPaths::folder(std::string_view native_path, std::u16string&
     std::string bytes = resolved.get();
     if (!bytes.ends_with('/'))
         bytes.push_back('/');
-    // Where case is not looked at, one folder has many spellings; the first stands for all.
-    const std::string identity = std::to_string(details.st_dev) + " " + std::to_string(details.st_ino);
-    const auto first = identities_.try_emplace(identity, path_from_bytes(bytes)).first;
-    path = folders_.emplace(given, first->second).first->second;
+    found = {path_from_bytes(bytes), std::to_string(details.st_dev) + " " + std::to_string(details.st_ino)};
     return {};
 }
 

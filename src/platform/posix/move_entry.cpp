@@ -10,11 +10,12 @@
 #include <cstdio>
 #include <memory>
 
+#include "platform/posix/last_error.h"
+
 namespace multirename {
 
 namespace {
 
-std::error_code last_error() { return {errno, std::system_category()}; }
 std::error_code result_of(int returned) { return returned == 0 ? std::error_code() : last_error(); }
 
 bool is_in_the_way(const std::error_code& error)

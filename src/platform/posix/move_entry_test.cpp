@@ -9,7 +9,6 @@
 #include <sys/syscall.h>
 
 #include <array>
-#include <cerrno>
 #include <cstddef>
 
 #include "platform/testing/posix_child.h"

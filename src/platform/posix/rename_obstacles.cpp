@@ -4,9 +4,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <cerrno>
-
 #include "platform/error_text.h"
+#include "platform/posix/last_error.h"
 
 namespace multirename {
 
@@ -42,7 +41,7 @@ const RenameObstacles::Folder& RenameObstacles::known(std::string_view path)
     if (!is_new)
         return found;
     if (faccessat(AT_FDCWD, folder.c_str(), W_OK | X_OK, AT_EACCESS) != 0)
-        found.error = {errno, std::system_category()};
+        found.error = last_error();
     const long longest = pathconf(folder.c_str(), _PC_NAME_MAX);
     found.longest_name = longest > 0 ? static_cast<std::size_t>(longest) : SIZE_MAX;
     struct stat details { };

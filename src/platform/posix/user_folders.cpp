@@ -9,13 +9,13 @@
 #include <fstream>
 #include <iterator>
 
+#include "platform/posix/last_error.h"
+
 namespace multirename {
 
 namespace {
 
 namespace fs = std::filesystem;
-
-std::error_code last_error() { return {errno, std::system_category()}; }
 
 // Only paths from the root count, as the convention of these variables has it.
 fs::path folder_of_variable(const char* name)

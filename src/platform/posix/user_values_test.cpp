@@ -1,16 +1,14 @@
 #include "platform/user_values.h"
 
 #include <gtest/gtest.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <optional>
 #include <sstream>
 
 #include "platform/testing/scoped_variable.h"
+#include "platform/testing/temporary_folder.h"
 #include "platform/testing/user_values_sandbox.h"
 #include "text/utf8.h"
 
@@ -38,27 +36,13 @@ std::string quoted(std::u16string_view text)
     return result + "\"";
 }
 
-fs::path make_temporary_folder()
-{
-    std::string name = (fs::temp_directory_path() / "multirename_values_XXXXXX").string();
-    if (mkdtemp(name.data()) == nullptr)
-        throw std::runtime_error("no temporary folder");
-    return name;
-}
-
 } // namespace
 
 struct UserValuesSandbox::Body {
-    fs::path folder = make_temporary_folder();
-    ScopedVariable config{"XDG_CONFIG_HOME", folder.string()};
+    TemporaryFolder folder;
+    ScopedVariable config{"XDG_CONFIG_HOME", folder.path().string()};
 
-    ~Body()
-    {
-        std::error_code error;
-        fs::remove_all(folder, error);
-    }
-
-    [[nodiscard]] fs::path file() const { return folder / "multirename" / "settings.json"; }
+    [[nodiscard]] fs::path file() const { return folder.path() / "multirename" / "settings.json"; }
 };
 
 UserValuesSandbox::UserValuesSandbox() : body_(std::make_unique<Body>()) { }
@@ -83,21 +67,15 @@ constexpr std::u16string_view key = u"SOFTWARE\\Velloria Labs\\Unit Test";
 
 class FileUserValues : public testing::Test {
 protected:
-    void TearDown() override
-    {
-        std::error_code error;
-        fs::remove_all(folder_, error);
-    }
-
     void store(const std::string& content) const
     {
         fs::create_directories(file_.parent_path());
         std::ofstream(file_) << content;
     }
 
-    fs::path folder_ = make_temporary_folder();
-    fs::path file_ = folder_ / "multirename" / "settings.json";
-    ScopedVariable config_{"XDG_CONFIG_HOME", folder_.string()};
+    TemporaryFolder folder_;
+    fs::path file_ = folder_.path() / "multirename" / "settings.json";
+    ScopedVariable config_{"XDG_CONFIG_HOME", folder_.path().string()};
 };
 
 TEST_F(FileUserValues, LieInTheUsersConfigurationFolder)
@@ -110,9 +88,9 @@ TEST_F(FileUserValues, LieInTheUsersConfigurationFolder)
 TEST_F(FileUserValues, LieInTheHomeFolderWhenNoConfigurationFolderIsNamed)
 {
     const ScopedVariable no_config("XDG_CONFIG_HOME", std::nullopt);
-    const ScopedVariable home("HOME", folder_.string());
+    const ScopedVariable home("HOME", folder_.path().string());
     EXPECT_TRUE(system_user_values().write(key, u"Number", 5));
-    EXPECT_TRUE(fs::exists(folder_ / ".config" / "multirename" / "settings.json"));
+    EXPECT_TRUE(fs::exists(folder_.path() / ".config" / "multirename" / "settings.json"));
     EXPECT_EQ(system_user_values().read(key, u"Number"), 5U);
 }
 
@@ -154,7 +132,7 @@ TEST_F(FileUserValues, AWriteKeepsTheOtherValues)
 
 TEST_F(FileUserValues, AFolderThatCannotBeMadeRefusesTheWrite)
 {
-    std::ofstream(folder_ / "multirename") << "a file where the folder should be";
+    std::ofstream(folder_.path() / "multirename") << "a file where the folder should be";
     EXPECT_FALSE(system_user_values().write(key, u"Number", 5));
     EXPECT_EQ(system_user_values().read(key, u"Number"), std::nullopt);
 }

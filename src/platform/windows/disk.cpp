@@ -6,6 +6,7 @@
 
 #include "platform/long_path.h"
 #include "platform/unique_handle.h"
+#include "platform/windows/last_error.h"
 #include "platform/windows/wide.h"
 
 namespace multirename {
@@ -44,7 +45,7 @@ public:
         const UniqueHandle<FindTraits> search(
             FindFirstFileW(to_wide(listing_search_text(folder_path)).c_str(), &found));
         if (!search)
-            return {false, {static_cast<int>(GetLastError()), std::system_category()}};
+            return {false, last_error()};
         DirectoryEntry entry;
         do {
             if (is_link_to_itself_or_parent(found))
@@ -55,6 +56,9 @@ public:
             take_details(found, entry);
             visit(entry);
         } while (FindNextFileW(search.get(), &found));
+        // A listing that breaks off leaves out names that are taken.
+        if (GetLastError() != ERROR_NO_MORE_FILES)
+            return {false, last_error()};
         return {};
     }
 

@@ -5,6 +5,7 @@
 #include "platform/user_folders.h"
 #include "platform/windows/file_handle.h"
 #include "platform/windows/full_path.h"
+#include "platform/windows/last_error.h"
 
 namespace multirename {
 
@@ -14,8 +15,6 @@ namespace multirename {
 namespace {
 
 constexpr DWORD nobody_else = 0;
-
-std::error_code last_error() { return {static_cast<int>(GetLastError()), std::system_category()}; }
 
 HANDLE handle_of(std::intptr_t handle)
 {

@@ -8,6 +8,7 @@
 #include "platform/name_key.h"
 #include "platform/windows/file_handle.h"
 #include "platform/windows/full_path.h"
+#include "platform/windows/last_error.h"
 #include "platform/windows/wide.h"
 #include "text/wtf8.h"
 
@@ -18,8 +19,6 @@ namespace multirename {
 // which these are. It only tells: that of a network drive is no path that the user would recognise.
 
 namespace {
-
-std::error_code last_error() { return {static_cast<int>(GetLastError()), std::system_category()}; }
 
 std::u16string_view without_trailing_separators(std::u16string_view path)
 {
@@ -103,13 +102,8 @@ std::error_code EntryPaths::entry(std::string_view native_path, EntryPath& path)
     return {};
 }
 
-std::error_code EntryPaths::folder(std::string_view native_path, std::u16string& path)
+std::error_code EntryPaths::find_folder(std::string_view native_path, FoundFolder& found)
 {
-    const auto known = folders_.find(native_path);
-    if (known != folders_.end()) {
-        path = known->second;
-        return {};
-    }
     std::u16string full = in_full(native_path);
     if (full.empty())
         return std::make_error_code(std::errc::no_such_file_or_directory);
@@ -117,8 +111,8 @@ std::error_code EntryPaths::folder(std::string_view native_path, std::u16string&
         full.push_back(u'\\');
     if (const std::error_code error = look_for_folder(full))
         return error;
-    const auto first = identities_.try_emplace(identity_of(full), full).first;
-    path = folders_.emplace(native_path, first->second).first->second;
+    found.identity = identity_of(full);
+    found.path = std::move(full);
     return {};
 }
 

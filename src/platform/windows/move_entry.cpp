@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include "platform/long_path.h"
+#include "platform/windows/last_error.h"
 #include "platform/windows/wide.h"
 #include "text/wtf8.h"
 
@@ -15,13 +16,13 @@ std::wstring path_of(std::string_view folder, std::string_view name)
     return to_wide(long_path_form(from_wtf8(folder) + from_wtf8(name)));
 }
 
-std::error_code last_error()
+std::error_code last_error_of_entry()
 {
-    const DWORD error = GetLastError();
+    const std::error_code error = last_error();
     // Who has the entry open denies access to it, as the rights of its folder may.
-    if (error == ERROR_SHARING_VIOLATION || error == ERROR_LOCK_VIOLATION)
+    if (error.value() == ERROR_SHARING_VIOLATION || error.value() == ERROR_LOCK_VIOLATION)
         return std::make_error_code(std::errc::permission_denied);
-    return {static_cast<int>(error), std::system_category()};
+    return error;
 }
 
 } // namespace
@@ -32,7 +33,7 @@ std::error_code EntryMover::move(std::string_view folder, const std::string& fro
 {
     if (MoveFileExW(path_of(folder, from).c_str(), path_of(folder, to).c_str(), 0) != FALSE)
         return {};
-    return last_error();
+    return last_error_of_entry();
 }
 
 bool EntryMover::exists(std::string_view folder, const std::string& name, std::error_code& error)
@@ -40,7 +41,7 @@ bool EntryMover::exists(std::string_view folder, const std::string& name, std::e
     error.clear();
     if (GetFileAttributesW(path_of(folder, name).c_str()) != INVALID_FILE_ATTRIBUTES)
         return true;
-    error = last_error();
+    error = last_error_of_entry();
     if (error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory)
         error.clear();
     return false;

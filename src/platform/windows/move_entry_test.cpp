@@ -7,7 +7,6 @@
 #include "platform/testing/temporary_folder.h"
 #include "platform/user_folders.h"
 #include "platform/windows/file_handle.h"
-#include "platform/windows/wide.h"
 
 namespace multirename {
 namespace {

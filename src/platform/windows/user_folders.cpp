@@ -9,6 +9,7 @@
 #include "platform/windows/file_handle.h"
 #include "platform/windows/full_path.h"
 #include "platform/windows/grown_text.h"
+#include "platform/windows/last_error.h"
 #include "platform/windows/wide.h"
 #include "text/wtf8.h"
 
@@ -20,8 +21,6 @@ namespace multirename {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::error_code last_error() { return {static_cast<int>(GetLastError()), std::system_category()}; }
 
 UniqueFile make_new_file(const std::wstring& path)
 {

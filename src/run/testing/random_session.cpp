@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <set>
 #include <span>
 
 #include "run/pasted_names.h"
@@ -31,12 +32,36 @@ public:
 
 bool is_problem(Status status) { return status >= Status::SameName && status <= Status::Forbidden; }
 
+// Of names that one folder takes for one it can hold the first alone.
+void leave_out_names_taken_for_one(std::vector<std::u16string>& listed, std::vector<std::u16string>& beside,
+                                   bool tells_case_apart)
+{
+    std::set<std::u16string> known;
+    const auto is_known = [&](const std::u16string& path) {
+        const std::u16string_view bare(path.data(), path.size() - (path.ends_with(u'\\') ? 1 : 0));
+        return !known.insert(tells_case_apart ? std::u16string(bare) : name_key(bare)).second;
+    };
+    std::erase_if(listed, is_known);
+    std::erase_if(beside, is_known);
+}
+
 } // namespace
 
 RandomSession::RandomSession(Choices& choices) : choices_(choices), tells_case_apart_(choices.one_in(4))
 {
     std::vector<std::u16string> listed;
     std::vector<std::u16string> beside;
+    make_up_paths(listed, beside);
+    leave_out_names_taken_for_one(listed, beside, tells_case_apart_);
+    if (!listed.empty() && choices_.one_in(8))
+        listed.push_back(listed.front()); // a path that a host gives twice
+    disk_files_ = std::make_unique<TestFiles>(listed, beside, tells_case_apart_);
+    remembered_ = {choices_.one_in(2), choices_.one_in(2)};
+    run_ = std::make_unique<RenameRun>(disk_files_->files, remembered_);
+}
+
+void RandomSession::make_up_paths(std::vector<std::u16string>& listed, std::vector<std::u16string>& beside)
+{
     const std::uint32_t folder_count = 1 + choices_.below(folders.size());
     for (std::uint32_t i = 0; i < folder_count; ++i) {
         std::u16string folder(folders[i]);
@@ -50,23 +75,6 @@ RandomSession::RandomSession(Choices& choices) : choices_(choices), tells_case_a
             (choices_.one_in(5) ? beside : listed).push_back(path);
         }
     }
-    // What the folders hold must be told apart as they tell names apart; a path twice is one that a host gave twice.
-    std::vector<std::u16string> known;
-    const auto is_known = [&](const std::u16string& path) {
-        const std::u16string_view bare(path.data(), path.size() - (path.ends_with(u'\\') ? 1 : 0));
-        std::u16string identity = tells_case_apart_ ? std::u16string(bare) : name_key(bare);
-        if (std::ranges::find(known, identity) != known.end())
-            return true;
-        known.push_back(std::move(identity));
-        return false;
-    };
-    std::erase_if(listed, is_known);
-    std::erase_if(beside, is_known);
-    if (!listed.empty() && choices_.one_in(8))
-        listed.push_back(listed.front());
-    disk_files_ = std::make_unique<TestFiles>(listed, beside, tells_case_apart_);
-    remembered_ = {choices_.one_in(2), choices_.one_in(2)};
-    run_ = std::make_unique<RenameRun>(disk_files_->files, remembered_);
 }
 
 std::u16string RandomSession::some_name()

@@ -3,13 +3,12 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <string_view>
-#include <utility>
 #include <vector>
 
+#include "fileset/testing/test_files.h"
+#include "run/rename_run.h"
 #include "run/testing/choices.h"
 #include "run/testing/folder_model.h"
-#include "run/testing/test_run.h"
 
 namespace multirename {
 
@@ -39,6 +38,7 @@ private:
         bool operator==(const Move&) const = default;
     };
 
+    void make_up_paths(std::vector<std::u16string>& listed, std::vector<std::u16string>& beside);
     [[nodiscard]] std::u16string some_name();
     [[nodiscard]] std::u16string some_text();
     [[nodiscard]] std::vector<std::size_t> some_row();
