@@ -20,8 +20,9 @@ extern "C" {
  *
  * parent  the window that the dialog belongs to and that takes no input meanwhile; may be null.
  * count   how many paths there are; 0 or less stands for none, and the dialog opens with an empty list.
- * paths   full paths, each ended by a zero. They are copied before the dialog opens. Paths of 260 characters or more
- *         and paths that do not exist are left out silently. May be null, and so may each path: none is meant then.
+ * paths   full paths with backslashes and with none at the end, each ended by a zero. They are copied before the dialog
+ *         opens. Paths of 260 characters or more and paths that do not exist are left out silently. May be null, and so
+ *         may each path: none is meant then.
  * flag    kept for the host, 0 or 1; changes nothing.
  * text    kept for the host; null is the same as "". Changes nothing.
  *

@@ -1,5 +1,7 @@
 #include "win32/dialog/change_text_dlg.h"
 
+#include <atomic>
+
 #include "platform/user_values.h"
 #include "run/dialog_layout.h"
 #include "run/dpi.h"
@@ -21,8 +23,10 @@ constexpr int small_icon_length = 16;
 constexpr int gap_below_row = 14; // to the buttons, at 96 dots per inch
 constexpr SIZE state_image_size = {16, 16}; // pixels at every resolution
 
-// For as long as the library is loaded, whatever runs come and go.
-RememberedBoxes remembered_boxes;
+// The last states of the check boxes, for as long as the library is loaded, whatever runs come and go. Hosts may have
+// dialogs on two threads.
+std::atomic<bool> remembered_extension_changes = false;
+std::atomic<bool> remembered_numbers_as_text = false;
 
 struct FollowingControl {
     WORD id;
@@ -46,12 +50,13 @@ ChangeTextDlg::ChangeTextDlg(std::u16string_view product_name, const CWnd& paren
     host_flag_(host_flag),
     host_text_(host_text),
     placement_(*this, product_name),
+    boxes_{remembered_extension_changes, remembered_numbers_as_text},
     number_settings_(std::make_shared<ChangeNumberDlgSettings>(system_user_values(), product_name)),
     names_list_(*this),
     row_(*this, *this, tooltips_)
 {
     const WaitCursor wait;
-    run_.emplace(files, remembered_boxes, &string_table_text);
+    run_.emplace(files, boxes_, &string_table_text);
 }
 
 std::span<const Route<ChangeTextDlg>> ChangeTextDlg::routes()
@@ -277,12 +282,14 @@ void ChangeTextDlg::refresh_names()
 void ChangeTextDlg::extension_box_clicked(Clicked)
 {
     run_->set_allow_extension_changes(extension_box_.is_checked());
+    remembered_extension_changes = boxes_.allow_extension_changes;
     show_everything();
 }
 
 void ChangeTextDlg::numbers_box_clicked(Clicked)
 {
     run_->set_numbers_as_text(numbers_box_.is_checked());
+    remembered_numbers_as_text = boxes_.numbers_as_text;
     show_everything();
 }
 

@@ -87,6 +87,7 @@ private:
     ScreenDpi dpi_;
     DialogPlacement placement_;
     CSizeGrip size_grip_;
+    RememberedBoxes boxes_; // of this run; the ones before it decide how they start
     std::optional<RenameRun> run_; // always there once constructed
     std::shared_ptr<ChangeNumberDlgSettings> number_settings_;
 

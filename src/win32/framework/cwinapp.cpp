@@ -26,8 +26,9 @@ void CWinApp::BeginWaitCursor() noexcept
 
 void CWinApp::EndWaitCursor() noexcept
 {
-    assert(waits_ > 0);
-    if (--waits_ == 0)
+    const int left = --waits_;
+    assert(left >= 0);
+    if (left == 0)
         SetCursor(cursor_before_);
 }
 

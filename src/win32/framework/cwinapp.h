@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <atomic>
+
 namespace multirename {
 
 /// The one object that stands for the module while it is loaded. Derive from it and make one global instance; the
@@ -19,13 +21,14 @@ public:
     /// Before the module is unloaded; its result is the module's last word and means nothing to the loader.
     virtual int ExitInstance() { return 0; }
 
-    /// Show the wait cursor, counted: it goes when each beginning has had its end. UI thread only.
+    /// Show the wait cursor, counted: it goes when each beginning has had its end. Any thread with windows may call
+    /// them; where two wait at once, the cursor of the second may stay as it is.
     void BeginWaitCursor() noexcept;
     void EndWaitCursor() noexcept;
 
 private:
-    int waits_ = 0;
-    HCURSOR cursor_before_ = nullptr;
+    std::atomic<int> waits_ = 0;
+    std::atomic<HCURSOR> cursor_before_ = nullptr;
 };
 
 /// The module's application object; there must be one.

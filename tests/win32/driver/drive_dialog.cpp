@@ -8,6 +8,7 @@
 //     key CODE           presses a key, by its code, where the focus is or in the menu that is open
 //     focus ID           gives the control with this number the focus
 //     size WIDTH HEIGHT  gives the dialog this outer size, in pixels
+//     move TITLE X Y     moves the dialog with this title to this place of the screen
 //     clipboard TEXT     puts the text on the clipboard
 //     press-in TITLE ID  presses a button of the dialog with this title
 //     wait-for TITLE     until a dialog with this title is there
@@ -113,6 +114,12 @@ bool resize(int width, int height)
     return SetWindowPos(dialog(), nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE) != FALSE;
 }
 
+bool move(std::u16string_view title, int x, int y)
+{
+    return SetWindowPos(driver::find_dialog(title), nullptr, x, y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE) !=
+        FALSE;
+}
+
 using Words = std::span<const std::u16string>; ///< what stands behind a command
 
 int whole(const std::u16string& word) { return static_cast<int>(number(word)); }
@@ -139,6 +146,7 @@ constexpr Command commands[] = {
     {u"key", 1, [](Words w) { return press_key(number(w[0])); }},
     {u"clipboard", 1, [](Words w) { return driver::put_on_clipboard(w[0]); }},
     {u"focus", 1, [](Words w) { return focus(whole(w[0])); }},
+    {u"move", 3, [](Words w) { return move(w[0], whole(w[1]), whole(w[2])); }},
     {u"size", 2, [](Words w) { return resize(whole(w[0]), whole(w[1])); }},
 };
 

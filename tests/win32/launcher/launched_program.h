@@ -8,8 +8,8 @@
 
 #include "platform/windows/file_handle.h"
 
-/// The program multirename-gui.exe, started like a person's file manager would, and what is done to its windows. Every
-/// operation waits for what it brings about and fails the test when that does not come.
+/// The program multirename-gui.exe, or another host of the module, started like a person's file manager would, and what
+/// is done to its windows. Every operation waits for what it brings about and fails the test when that does not come.
 class LaunchedProgram {
 public:
     struct Start {
@@ -24,6 +24,8 @@ public:
     /// Ends the program when it still runs.
     ~LaunchedProgram();
 
+    /// The thread that its windows belong to.
+    [[nodiscard]] DWORD thread() const noexcept { return thread_; }
     /// The module's dialog.
     [[nodiscard]] HWND rename_dialog() const;
     /// The system's dialog in which files are chosen.
