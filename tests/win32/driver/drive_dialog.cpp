@@ -10,6 +10,7 @@
 //     size WIDTH HEIGHT  gives the dialog this outer size, in pixels
 //     move TITLE X Y     moves the dialog with this title to this place of the screen
 //     clipboard TEXT     puts the text on the clipboard
+//     type-in TITLE ID TEXT  replaces the text of an edit of the dialog with this title, by typing
 //     press-in TITLE ID  presses a button of the dialog with this title
 //     wait-for TITLE     until a dialog with this title is there
 //     answer             closes the message box that the dialog shows
@@ -140,6 +141,8 @@ constexpr Command commands[] = {
     {u"prepend", 2, [](Words w) { return type(&driver::type_in_front, number(w[0]), w[1]); }},
     {u"press", 1, [](Words w) { return press(whole(w[0])); }},
     {u"press-in", 2, [](Words w) { return driver::press(GetDlgItem(driver::find_dialog(w[0]), whole(w[1]))); }},
+    {u"type-in", 3,
+     [](Words w) { return driver::type_into(GetDlgItem(driver::find_dialog(w[0]), whole(w[1])), w[2]); }},
     {u"press-part", 1, [](Words w) { return press_part(number(w[0])); }},
     {u"menu", 1, [](Words w) { return open_menu(GetDlgItem(dialog(), whole(w[0]))); }},
     {u"menu-part", 1, [](Words w) { return open_part_menu(number(w[0])); }},
