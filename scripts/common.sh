@@ -29,6 +29,9 @@ windows_packages=(cmake ninja-build g++-mingw-w64-x86-64-posix binutils-mingw-w6
     libcli11-dev rapidjson-dev
     wine wine64 fonts-wine xvfb xauth)
 
+# Shells and readers of manual pages, and other file systems, for the tests of the command line.
+command_line_test_packages=(zsh fish man-db groff-base mandoc e2fsprogs exfat-fuse exfatprogs ntfs-3g)
+
 # libFuzzer and the sanitizers of clang, and what names the lines in their reports.
 fuzzing_packages=(clang libclang-rt-dev llvm)
 

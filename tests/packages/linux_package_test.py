@@ -90,6 +90,10 @@ def test_the_main_job_runs_for_an_ordinary_user(system):
     assert system.names() == ["IMG_7.jpg", "IMG_8.jpg"]
 
 
+def test_the_users_guide_names_the_package():
+    assert only("multirename_*.deb").name == DEB
+
+
 def test_the_program_says_the_version_of_the_package(system):
     version = run_well("dpkg-deb", "-f", only("multirename_*.deb"), "Version").strip()
     assert system.as_user("multirename --version").stdout.split() == ["multirename", version]

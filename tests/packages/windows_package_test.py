@@ -145,6 +145,17 @@ def test_the_guide_shows_pictures_that_are_there_and_tells_of_files_that_are_the
     assert [file for file in files if not (PLACE / file).exists()] == []
 
 
+def test_the_guide_for_hosts_finds_what_it_shows(windows):
+    del windows
+    targets = re.findall(r"\]\(([^)#]+)\)", (PLACE / "sdk" / "host-guide.md").read_text())
+    assert targets
+    assert [target for target in targets if not (PLACE / "sdk" / target).exists()] == []
+
+
+def test_the_users_guide_names_the_package():
+    assert only("multirename-*-windows-x64.zip").name in (ROOT / "docs" / "users-guide.md").read_text()
+
+
 def test_the_examples_build_from_the_package_alone(windows, tmp_path):
     del windows
     folder = tmp_path / "sdk"
