@@ -194,6 +194,7 @@ def test_sources_that_are_shown_are_those_that_are_built(document, thing):
 @of_all(lambda document: document.fences)
 def test_each_block_is_of_a_kind_that_is_tested(document, thing):
     assert thing.kind in ("console", "sh", "diff", "c", "cpp", "rc", "text")
+    assert thing.remark[0] in ("", "files", "run by", "in the changed tree", "file", "compiled by")
 
 
 # ---- names
