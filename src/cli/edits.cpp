@@ -176,7 +176,7 @@ void apply(RenameRun& run, const Edit& edit, const NameBorder& border)
         words.need_kind(run, {Wild, Number});
         choose(PartCommand::ClearText, part, nullptr);
         break;
-    default: assert(!"an option that edits no part");
+    default: assert(false && "an option that edits no part");
     }
 }
 

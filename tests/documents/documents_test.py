@@ -14,7 +14,7 @@ import pytest
 from document import DOCUMENTS, ROOT, read
 from session import CannotBeSetUp, Session, steps_of
 
-TREE = ROOT / "build" / "documents" / "tree"
+COPY = ROOT / "build" / "documents" / "copy"
 MINUTES = 60
 
 documents = [read(path) for path in DOCUMENTS]
@@ -44,7 +44,7 @@ def sessions(document):
     """The blocks that follow each other in one home: the first one says which files there are."""
     found = []
     for fence in fences("console")(document):
-        if fence.remark[0] in ("run by", "in the changed tree"):
+        if fence.remark[0] in ("run by", "in a copy"):
             continue
         if fence.remark[0] == "files" or not found:
             found.append([])
@@ -129,30 +129,31 @@ def test_each_command_for_those_who_build_runs(document, thing):
     run_in(ROOT, thing.text)
 
 
-# ---- changes to the sources that a document explains
+# ---- changes to the sources that a document explains, and what else is better done in a copy of them
 
 
 @functools.cache
-def changed_tree(document_name):
-    """A copy of the sources with all changes of a document made, and what was wrong with making them."""
+def changed_copy(document_name):
+    """Makes a copy of the sources with all changes of a document; gives what was wrong with making them. What was built
+    in an earlier copy is kept, and little has to be built again."""
     document = next(document for document in documents if document.name == document_name)
-    build = TREE / "build"
-    if TREE.exists():
-        for entry in TREE.iterdir():
-            if entry == build:
-                continue
-            shutil.rmtree(entry) if entry.is_dir() else entry.unlink()
-    TREE.mkdir(parents=True, exist_ok=True)
     listed = subprocess.run(["git", "ls-files", "-z", "-co", "--exclude-standard"], cwd=ROOT, capture_output=True,
                             text=True, check=True).stdout
-    for name in filter(None, listed.split("\0")):
-        if (ROOT / name).exists():
-            (TREE / name).parent.mkdir(parents=True, exist_ok=True)
-            shutil.copy2(ROOT / name, TREE / name)
-    subprocess.run(["git", "init", "-q"], cwd=TREE, check=True)
+    names = {name for name in listed.split("\0") if name and (ROOT / name).is_file()}
+    COPY.mkdir(parents=True, exist_ok=True)
+    for path in [path for path in COPY.rglob("*") if path.is_file()]:
+        name = str(path.relative_to(COPY))
+        if name not in names and not name.startswith(("build/", ".git/")):
+            path.unlink()
+    for name in names:
+        source, target = ROOT / name, COPY / name
+        if not target.exists() or target.read_bytes() != source.read_bytes():  # the others keep their time
+            target.parent.mkdir(parents=True, exist_ok=True)
+            shutil.copy(source, target)
+    subprocess.run(["git", "init", "-q"], cwd=COPY, check=True)
     problems = ""
     for fence in fences("diff")(document):
-        done = subprocess.run(["git", "apply", "-"], cwd=TREE, input=fence.text, capture_output=True,
+        done = subprocess.run(["git", "apply", "-"], cwd=COPY, input=fence.text, capture_output=True,
                               text=True, check=False)
         if done.returncode:
             problems += f"{document.name}:{fence.line}: {done.stderr}"
@@ -161,17 +162,17 @@ def changed_tree(document_name):
 
 @of_all(lambda document: fences("diff")(document)[:1])
 def test_changes_that_are_shown_fit_the_sources(document, thing):
-    assert not changed_tree(document.name)
+    assert not changed_copy(document.name)
 
 
-@of_all(lambda document: [fence for fence in document.fences if fence.remark[0] == "in the changed tree"])
-def test_what_is_run_after_the_changes_gives_what_is_shown(document, thing):
-    assert not changed_tree(document.name)
+@of_all(lambda document: [fence for fence in document.fences if fence.remark[0] == "in a copy"])
+def test_what_is_run_in_a_copy_gives_what_is_shown(document, thing):
+    assert not changed_copy(document.name)
     if thing.kind == "sh":
-        run_in(TREE, thing.text)
+        run_in(COPY, thing.text)
         return
     for command, shown in steps_of(thing.text):
-        done = subprocess.run(["bash", "-c", command], cwd=TREE, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+        done = subprocess.run(["bash", "-c", command], cwd=COPY, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
                               stderr=subprocess.STDOUT, text=True, timeout=MINUTES * 60, check=False)
         assert done.stdout == shown
 
@@ -194,7 +195,7 @@ def test_sources_that_are_shown_are_those_that_are_built(document, thing):
 @of_all(lambda document: document.fences)
 def test_each_block_is_of_a_kind_that_is_tested(document, thing):
     assert thing.kind in ("console", "sh", "diff", "c", "cpp", "rc", "text")
-    assert thing.remark[0] in ("", "files", "run by", "in the changed tree", "file", "compiled by")
+    assert thing.remark[0] in ("", "files", "run by", "in a copy", "file", "compiled by")
 
 
 # ---- names
