@@ -286,7 +286,7 @@ TEST(WildPart, AppliesItsCaseStyle)
     NamePart wild = NamePart::make_wild();
     wild.caseStyle = CaseStyle::SnakeUpper;
     EXPECT_EQ(wild_text(wild, u"myHoliday photos"), u"MY_HOLIDAY_PHOTOS");
-    wild.caseStyle = static_cast<CaseStyle>(11);
+    wild.caseStyle = static_cast<CaseStyle>(case_style_labels.size()); // none of them
     EXPECT_EQ(wild_text(wild, u"myHoliday photos"), u"myHoliday photos");
 }
 

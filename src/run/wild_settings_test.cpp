@@ -90,7 +90,7 @@ TEST(WildSettings, AnyOtherStyleCanBeReset)
 
 TEST(WildSettings, AnUnknownStyleSelectsNothingAndIsStoredAsUnchanged)
 {
-    NamePart part = wild_part(false, 8, CaseStyle{11});
+    NamePart part = wild_part(false, 8, static_cast<CaseStyle>(case_style_labels.size()));
     const WildSettings settings(part);
     EXPECT_EQ(settings.style(), std::nullopt);
     settings.store(part);

@@ -21,7 +21,8 @@ INSTANTIATE_TEST_SUITE_P(
     All, CaseStyleRow,
     testing::Values(
         CaseRow{"UnchangedIsACopy", CaseStyle::Unchanged, u"aB c-D_1", u"aB c-D_1"},
-        CaseRow{"AValueAboveTheLastStyleIsACopy", static_cast<CaseStyle>(11), u"aB c-D_1", u"aB c-D_1"},
+        CaseRow{"AValueAboveTheLastStyleIsACopy", static_cast<CaseStyle>(case_style_labels.size()), u"aB c-D_1",
+                u"aB c-D_1"},
         CaseRow{"TheLargestValueIsACopy", static_cast<CaseStyle>(0xFFFFFFFF), u"aB c-D_1", u"aB c-D_1"},
         CaseRow{"UpperRaisesEveryLetter", CaseStyle::Upper, u"aB c-d_1.x", u"AB C-D_1.X"},
         CaseRow{"LowerLowersEveryLetter", CaseStyle::Lower, u"aB C-D_1.X", u"ab c-d_1.x"},

@@ -132,7 +132,7 @@ def test_each_command_for_those_who_build_runs(document, thing):
 # ---- changes to the sources that a document explains, and what else is better done in a copy of them
 
 
-@functools.cache
+@functools.lru_cache(maxsize=1)  # there is only one copy
 def changed_copy(document_name):
     """Makes a copy of the sources with all changes of a document; gives what was wrong with making them. What was built
     in an earlier copy is kept, and little has to be built again."""
