@@ -4,6 +4,7 @@ import gzip
 import os
 import shlex
 import shutil
+import subprocess
 import sys
 import time
 import types
@@ -103,7 +104,8 @@ def test_the_program_says_the_version_of_the_package(system):
 def test_there_is_a_manual_page(system, page):
     text = gzip.decompress((SYSTEM / f"usr/share/man/man1/{page}.1.gz").read_bytes()).decode()
     assert f'.TH {page.upper()} "1"' in text or f".TH {page.upper()} 1" in text
-    done = run("man", "--warnings=all", "-l", SYSTEM / f"usr/share/man/man1/{page}.1.gz", env={**os.environ, "LC_ALL": "C.UTF-8"})
+    done = run("man", "--warnings=all", "-l", SYSTEM / f"usr/share/man/man1/{page}.1.gz",
+               env={**os.environ, "LC_ALL": "C.UTF-8"})
     assert "NAME" in done.stdout and "warning" not in done.stdout
 
 
@@ -205,14 +207,14 @@ def loaded_extension(system, monkeypatch):
     monkeypatch.setitem(sys.modules, "gi.repository", repository)
     namespace = {}
     path = SYSTEM / "usr/share/nautilus-python/extensions/nautilus-multirename.py"
-    exec(compile(path.read_text(), path, "exec"), namespace)  # pylint: disable=exec-used
+    exec(compile(path.read_text(), path, "exec"), namespace)
     return namespace["MultiRenameMenu"](), namespace["subprocess"]
 
 
 def test_nautilus_is_given_an_entry_that_runs_the_program_on_all_selected_files(nautilus_menu, monkeypatch):
-    menu, subprocess = nautilus_menu
+    menu, its_subprocess = nautilus_menu
     started = []
-    monkeypatch.setattr(subprocess, "Popen", started.append)
+    monkeypatch.setattr(its_subprocess, "Popen", started.append)
     item, = menu.get_file_items([File("/home/ann/" + name) for name in AWKWARD])
     assert item.properties["label"] == "Rename with Multi Rename"
     item.properties["activate"](item)
@@ -309,7 +311,6 @@ def test_without_a_terminal_it_says_what_to_set(system):
 
 def test_a_real_terminal_opens_on_a_display(tmp_path):
     """The one that is in all of Debian's desktops, here on a virtual display."""
-    import subprocess  # pylint: disable=import-outside-toplevel
     for name in AWKWARD:
         (tmp_path / name).touch()
     programs = tmp_path / "programs"
